@@ -1,0 +1,9 @@
+/* Everything gvutil exports. */
+#ifndef GVUTIL_H
+#define GVUTIL_H
+
+#include "gvutil/model.h"
+#include "gvutil/platform.h"
+#include "gvutil/sys.h"
+
+#endif

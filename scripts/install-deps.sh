@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# Installs the Debian packages a build flavour needs, and only those missing.
+# Usage: scripts/install-deps.sh [native|asan|ppc32|all]   (default: native)
+set -euo pipefail
+
+flavour="${1:-native}"
+
+native_pkgs=(cmake ninja-build g++ pkg-config googletest libgtest-dev
+             libgmock-dev libbenchmark-dev libreadline-dev)
+# GCC ships libasan/libubsan with g++ itself; nothing extra is needed.
+asan_pkgs=("${native_pkgs[@]}")
+# The cross build has no readline: Debian 12 has no powerpc port of it in
+# main, so the ppc32 preset configures without it. GoogleTest is rebuilt
+# from the sources in /usr/src/googletest (package googletest).
+ppc32_pkgs=(cmake ninja-build g++-powerpc-linux-gnu qemu-user googletest)
+
+case "$flavour" in
+    native) wanted=("${native_pkgs[@]}") ;;
+    asan)   wanted=("${asan_pkgs[@]}") ;;
+    ppc32)  wanted=("${ppc32_pkgs[@]}") ;;
+    all)    wanted=("${native_pkgs[@]}" "${ppc32_pkgs[@]}") ;;
+    *)      echo "usage: $0 [native|asan|ppc32|all]" >&2; exit 2 ;;
+esac
+
+is_installed() {
+    [[ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" == installed ]]
+}
+
+missing=()
+for pkg in "${wanted[@]}"; do
+    is_installed "$pkg" || missing+=("$pkg")
+done
+# Drop duplicates (the "all" flavour lists some packages twice).
+if ((${#missing[@]})); then
+    mapfile -t missing < <(printf '%s\n' "${missing[@]}" | sort -u)
+fi
+
+if ((${#missing[@]} == 0)); then
+    echo "install-deps ($flavour): all packages present"
+    exit 0
+fi
+
+echo "install-deps ($flavour): installing ${missing[*]}"
+sudo_cmd=()
+if ((EUID != 0)); then
+    command -v sudo >/dev/null || { echo "install-deps: need root or sudo" >&2; exit 1; }
+    sudo_cmd=(sudo)
+fi
+export DEBIAN_FRONTEND=noninteractive
+apt_opts=(-q -y -o Dpkg::Use-Pty=0 -o APT::Install-Recommends=false)
+"${sudo_cmd[@]}" apt-get -qq update
+"${sudo_cmd[@]}" apt-get "${apt_opts[@]}" install "${missing[@]}" >/dev/null
+
+for pkg in "${missing[@]}"; do
+    is_installed "$pkg" || { echo "install-deps: $pkg failed to install" >&2; exit 1; }
+done
+echo "install-deps ($flavour): done"

@@ -1,0 +1,18 @@
+/* Every public header through the umbrella, compiled as C99. */
+#include "gvutil/gvutil.h"
+
+#include <stdio.h>
+
+int main(void) {
+    portset_t ps;
+    gv_model_info_t *model = &g_model;
+
+    ps_zero(&ps);
+    ps_set(&ps, 33);
+    if (ps.bits[1] != 1u || get_start_slot() != 1 || sizeof *model != 308 ||
+        get_real_slot_by_user_slot(0) != 3 || stoi("42") != 42) {
+        fprintf(stderr, "C view of the interface disagrees\n");
+        return 1;
+    }
+    return 0;
+}

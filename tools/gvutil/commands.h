@@ -1,0 +1,25 @@
+// Subcommands of the gvutil tool. Each takes the words after its name and
+// answers the process exit status.
+#pragma once
+
+#include <span>
+
+namespace gvtool {
+
+using Args = std::span<char *const>;
+
+struct Command {
+    const char *name;
+    const char *usage;
+    const char *summary;
+    int (*run)(Args args);
+};
+
+int run_map(Args args);
+int run_pnum(Args args);
+int run_slotport(Args args);
+
+// Prints "usage: gvutil <usage>" for a command and answers 2.
+int usage_error(const char *name);
+
+} // namespace gvtool

@@ -1,0 +1,81 @@
+// gvutil: the library on the command line, on a real or simulated chassis.
+#include "chassis_root.h"
+#include "commands.h"
+
+#include "gvutil/model.h"
+
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <span>
+
+namespace gvtool {
+
+namespace {
+
+constexpr std::array kCommands = {
+    Command{"map", "map", "the model and its slot/port map", run_map},
+    Command{"pnum", "pnum PNUM", "the slot and port of a flat port number", run_pnum},
+    Command{"slotport", "slotport SLOT/PORT", "the flat port number of a user slot/port",
+            run_slotport},
+};
+
+const Command *find_command(const char *name) {
+    for (const auto &command : kCommands) {
+        if (std::strcmp(command.name, name) == 0) {
+            return &command;
+        }
+    }
+    return nullptr;
+}
+
+void print_help(std::FILE *out) {
+    std::fprintf(out, "usage: gvutil [--root DIR] [COMMAND [ARGS]]\n\n"
+                      "Runs on the chassis root DIR, else on $GVUTIL_ROOT, else on the\n"
+                      "embedded default chassis. The default command is map.\n\ncommands:\n");
+    for (const auto &command : kCommands) {
+        std::fprintf(out, "  %-28s %s\n", command.usage, command.summary);
+    }
+}
+
+} // namespace
+
+int usage_error(const char *name) {
+    const Command *command = find_command(name);
+    std::fprintf(stderr, "usage: gvutil %s\n", command != nullptr ? command->usage : name);
+    return 2;
+}
+
+} // namespace gvtool
+
+int main(int argc, char **argv) {
+    std::span<char *const> args(argv + 1, static_cast<std::size_t>(argc - 1));
+    const char *root = nullptr;
+    if (!args.empty() && (std::strcmp(args[0], "-h") == 0 || std::strcmp(args[0], "--help") == 0)) {
+        gvtool::print_help(stdout);
+        return 0;
+    }
+    if (!args.empty() && std::strcmp(args[0], "--root") == 0) {
+        if (args.size() < 2) {
+            gvtool::print_help(stderr);
+            return 2;
+        }
+        root = args[1];
+        args = args.subspan(2);
+    }
+    const char *name = args.empty() ? "map" : args[0];
+    const gvtool::Command *command = gvtool::find_command(name);
+    if (command == nullptr) {
+        std::fprintf(stderr, "gvutil: unknown command '%s'\n", name);
+        gvtool::print_help(stderr);
+        return 2;
+    }
+    if (!gvtool::select_chassis_root(root)) {
+        return 1;
+    }
+    if (init_switch_model_info() != 1) {
+        std::fprintf(stderr, "gvutil: cannot read the model record (/proc/shape/ioctrl)\n");
+        return 1;
+    }
+    return command->run(args.empty() ? args : args.subspan(1));
+}
