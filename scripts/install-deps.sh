@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages a build flavour needs, and only those missing.
-# Usage: scripts/install-deps.sh [native|asan|ppc32|all]   (default: native)
+# Usage: scripts/install-deps.sh [native|asan|ppc32|lint|all]   (default: native)
 set -euo pipefail
 
 flavour="${1:-native}"
@@ -13,13 +13,15 @@ asan_pkgs=("${native_pkgs[@]}")
 # main, so the ppc32 preset configures without it. GoogleTest is rebuilt
 # from the sources in /usr/src/googletest (package googletest).
 ppc32_pkgs=(cmake ninja-build g++-powerpc-linux-gnu qemu-user googletest)
+lint_pkgs=(clang-format clang-tidy git)
 
 case "$flavour" in
     native) wanted=("${native_pkgs[@]}") ;;
     asan)   wanted=("${asan_pkgs[@]}") ;;
     ppc32)  wanted=("${ppc32_pkgs[@]}") ;;
-    all)    wanted=("${native_pkgs[@]}" "${ppc32_pkgs[@]}") ;;
-    *)      echo "usage: $0 [native|asan|ppc32|all]" >&2; exit 2 ;;
+    lint)   wanted=("${lint_pkgs[@]}") ;;
+    all)    wanted=("${native_pkgs[@]}" "${ppc32_pkgs[@]}" "${lint_pkgs[@]}") ;;
+    *)      echo "usage: $0 [native|asan|ppc32|lint|all]" >&2; exit 2 ;;
 esac
 
 is_installed() {

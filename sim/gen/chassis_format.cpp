@@ -52,8 +52,9 @@ std::string format_chassis(const ChassisDesc &desc) {
     Writer out;
     out.comment("chassis " + desc.model_name + " (normalised)");
     std::string kinds = "port counts by kind:";
-    for (std::size_t k = 0; k < desc.kind.size(); ++k)
+    for (std::size_t k = 0; k < desc.kind.size(); ++k) {
         kinds += " " + std::to_string(k) + "=" + std::to_string(desc.kind[k]);
+    }
     out.comment(kinds);
     out.line("model_name", desc.model_name);
     out.line("real_model_name", desc.real_model_name);
@@ -67,17 +68,20 @@ std::string format_chassis(const ChassisDesc &desc) {
         const SlotDesc &slot = desc.slots[static_cast<std::size_t>(s - 1)];
         out.line("slot", s, slot.card_type, slot.ports);
     }
-    for (const PortGroup &group : desc.groups)
+    for (const PortGroup &group : desc.groups) {
         out.line("group", group.card_type, group.ports);
+    }
     out.line("interlink", desc.interlink);
     out.line("logical_ports", desc.logical_ports);
     out.line("channel_groups", desc.channel_groups);
     out.line("sfu_board_id", desc.sfu_board_id);
     out.line("sfu_mate", desc.sfu_mate ? "present" : "absent");
-    for (const ShelfUnit &fan : desc.fans)
+    for (const ShelfUnit &fan : desc.fans) {
         out.line("fan", fan.index, state_word(fan.state));
-    for (const ShelfUnit &power : desc.powers)
+    }
+    for (const ShelfUnit &power : desc.powers) {
         out.line("power", power.index, state_word(power.state));
+    }
     // Empty values cannot be written back; a description that never set them leaves them out.
     const std::pair<const char *, const std::string *> infos[] = {
         {"hw_revision", &desc.hw_revision},
@@ -86,15 +90,17 @@ std::string format_chassis(const ChassisDesc &desc) {
         {"serial", &desc.serial},
     };
     for (const auto &[key, value] : infos) {
-        if (!value->empty())
+        if (!value->empty()) {
             out.line(key, *value);
+        }
     }
     out.line("vendor_id", desc.vendor_id);
     if (desc.vendor_functions.any()) {
         std::string bits;
         for (std::size_t bit = 0; bit < desc.vendor_functions.size(); ++bit) {
-            if (desc.vendor_functions.test(bit))
+            if (desc.vendor_functions.test(bit)) {
                 bits += (bits.empty() ? "" : " ") + std::to_string(bit);
+            }
         }
         out.line("vendor_functions", bits);
     }

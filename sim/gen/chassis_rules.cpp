@@ -23,13 +23,16 @@ constexpr int kSfuUplinks = 22; // the K7400A SFU has two gigabit ports in front
 } // namespace
 
 int card_port_interface(int card_type, int port, bool k7400a_board) noexcept {
-    if (card_type == kComboCard)
+    if (card_type == kComboCard) {
         return port < 3 ? kIfXe : kIfGe;
-    if (card_type == kSfuUplinks)
+    }
+    if (card_type == kSfuUplinks) {
         return k7400a_board && port <= 2 ? kIfGe : kIfXe;
+    }
     for (const CardInterface &entry : kCardInterfaces) {
-        if (entry.card_type == card_type)
+        if (entry.card_type == card_type) {
             return entry.code;
+        }
     }
     return kIfNone;
 }

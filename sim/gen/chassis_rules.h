@@ -38,14 +38,17 @@ void derive_port_kinds(ChassisDesc &desc) noexcept;
 template <typename F> void for_each_physical_port(const ChassisDesc &desc, F &&f) {
     int pnum = 0;
     auto walk = [&](int card_type, int ports) {
-        for (int port = 1; port <= ports; ++port)
+        for (int port = 1; port <= ports; ++port) {
             f(++pnum, card_type, port);
+        }
     };
-    for (int s = 0; s < desc.slot_count; ++s)
+    for (int s = 0; s < desc.slot_count; ++s) {
         walk(desc.slots[static_cast<std::size_t>(s)].card_type,
              desc.slots[static_cast<std::size_t>(s)].ports);
-    for (const PortGroup &group : desc.groups)
+    }
+    for (const PortGroup &group : desc.groups) {
         walk(group.card_type, group.ports);
+    }
 }
 
 } // namespace gvsim

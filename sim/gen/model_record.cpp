@@ -20,7 +20,7 @@ constexpr std::size_t kPortsPerSlotAt = 176;
 static_assert(kModelNameWidth == kModelNameMax + 1);
 static_assert(kRealModelNameWidth == kRealModelNameMax + 1);
 static_assert(kRealModelNameAt + kRealModelNameWidth == kL3At);
-static_assert(kPortsPerSlotAt + 4 * kMaxSlots == kModelRecordSize);
+static_assert(kPortsPerSlotAt + std::size_t{4} * kMaxSlots == kModelRecordSize);
 
 // Kinds in record order; the module keeps kind 7 ahead of kind 6. Kind 3 has no field.
 constexpr int kKindOrder[] = {0, 1, 2, 4, 5, 7, 6, 8, 9};
@@ -42,9 +42,10 @@ std::array<std::uint8_t, kModelRecordSize> encode_model_record(const ChassisDesc
         at += 4;
     }
     store_be32(record, kSlotCountAt, static_cast<std::uint32_t>(desc.slot_count));
-    for (int s = 0; s < desc.slot_count; ++s)
+    for (int s = 0; s < desc.slot_count; ++s) {
         store_be32(record, kPortsPerSlotAt + 4 * static_cast<std::size_t>(s),
                    static_cast<std::uint32_t>(desc.slots[static_cast<std::size_t>(s)].ports));
+    }
     return record;
 }
 

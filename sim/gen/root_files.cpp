@@ -47,8 +47,9 @@ std::string system_info_text(const ChassisDesc &desc) {
         {"Serial Number", &desc.serial},
     };
     for (const auto &[label, value] : infos) {
-        if (!value->empty())
+        if (!value->empty()) {
             text += info_line(label, *value);
+        }
     }
     text += info_line("SFU Board ID", std::to_string(desc.sfu_board_id));
     return text;
@@ -60,8 +61,9 @@ std::string bootcfg_text(const ChassisDesc &desc) {
     std::string text = "boot-device : flash0\n";
     text += "default-os : " + std::string(code) + "\n";
     text += "os1-image : nos-os1.bin\n";
-    if (desc.dual_os != 0)
+    if (desc.dual_os != 0) {
         text += "os2-image : nos-os2.bin\n";
+    }
     return text;
 }
 
@@ -72,8 +74,9 @@ std::string ossel_text(const ChassisDesc &desc) {
 
 std::string zebos_conf_text(const ChassisDesc &desc) {
     std::string text = "!\n! Zebos configuration\n!\n";
-    if (desc.config_version != 0)
+    if (desc.config_version != 0) {
         text += "!configdb_version " + std::to_string(desc.config_version) + "\n!\n";
+    }
     return text + "hostname " + desc.real_model_name + "\n!\nend\n";
 }
 
@@ -83,8 +86,9 @@ std::string eqm_conf_text(const ChassisDesc &desc) {
     std::string text;
     for (int s = 1; s <= desc.slot_count; ++s) {
         const SlotDesc &slot = desc.slots[static_cast<std::size_t>(s - 1)];
-        if (s == kSfuSlot || slot.card_type == 0)
+        if (s == kSfuSlot || slot.card_type == 0) {
             continue;
+        }
         text += "slot " + std::to_string(s) + " " + std::to_string(slot.card_type) + " " +
                 std::to_string(slot.ports) + " 1\n";
     }
@@ -129,8 +133,9 @@ std::array<std::uint8_t, kBoardInfoSize> board_info_record(const ChassisDesc &de
         std::uint32_t bits = 0;
         const std::size_t first = 32 * (2 - word); // lowest word last
         for (std::size_t bit = 0; bit < 32; ++bit) {
-            if (desc.vendor_functions.test(first + bit))
+            if (desc.vendor_functions.test(first + bit)) {
                 bits |= std::uint32_t{1} << bit;
+            }
         }
         store_be32(record, kVendorMaskAt + 4 * word, bits);
     }
@@ -145,11 +150,13 @@ std::array<std::uint8_t, kSwitchMapSize> switch_map_reply(const ChassisDesc &des
     const bool k7400a = is_k7400a_board(desc);
     for_each_physical_port(desc, [&](int pnum, int card_type, int port) {
         const auto index = static_cast<std::size_t>(pnum - 1);
-        if (index >= kMapWidth)
+        if (index >= kMapWidth) {
             return;
+        }
         const int code = card_port_interface(card_type, port, k7400a);
-        for (std::size_t mode = 0; mode < 2; ++mode)
-            reply[kPifMapAt[mode] + index] = static_cast<std::uint8_t>(code);
+        for (unsigned long mode : kPifMapAt) {
+            reply[mode + index] = static_cast<std::uint8_t>(code);
+        }
         reply[kBridgeMapAt[0] + index] = is_ethernet_interface(code) ? 1 : 0;
         reply[kBridgeMapAt[1] + index] = 1;
     });

@@ -56,15 +56,18 @@ bool RootWriter::directory(const std::string &relative) {
 
 bool RootWriter::file(const std::string &relative, std::span<const std::uint8_t> bytes) {
     const fs::path path = root_ / relative;
-    if (!directory(fs::path(relative).parent_path().string()))
+    if (!directory(fs::path(relative).parent_path().string())) {
         return false;
+    }
     std::FILE *out = std::fopen(path.c_str(), "wb");
-    if (out == nullptr)
+    if (out == nullptr) {
         return fail(path, "cannot write", errno);
+    }
     const bool written = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
     const int code = errno;
-    if (std::fclose(out) != 0 || !written)
+    if (std::fclose(out) != 0 || !written) {
         return fail(path, "cannot write", written ? errno : code);
+    }
     return true;
 }
 
@@ -83,8 +86,9 @@ bool RootWriter::shelf_units(const char *kind, const std::vector<ShelfUnit> &uni
                                        [index](const ShelfUnit &u) { return u.index == index; });
         const std::string path = shelf_status_path(kind, index);
         if (unit != units.end()) {
-            if (!file(path, status(unit->state)))
+            if (!file(path, status(unit->state))) {
                 return false;
+            }
         } else if (!remove(path)) {
             return false;
         } else {
@@ -104,12 +108,14 @@ bool read_file(const std::string &path, std::string &text, std::string &error) {
     char buffer[4096];
     std::size_t got = 0;
     text.clear();
-    while ((got = std::fread(buffer, 1, sizeof buffer, in)) > 0)
+    while ((got = std::fread(buffer, 1, sizeof buffer, in)) > 0) {
         text.append(buffer, got);
+    }
     const bool failed = std::ferror(in) != 0;
     std::fclose(in);
-    if (failed)
+    if (failed) {
         error = path + ": read error";
+    }
     return !failed;
 }
 
@@ -137,10 +143,12 @@ bool write_root(const ChassisDesc &desc, const std::string &dir, std::string &er
 
 bool load_chassis_file(const std::string &path, ChassisDesc &out, std::string &error) {
     std::string text;
-    if (!read_file(path, text, error))
+    if (!read_file(path, text, error)) {
         return false;
-    if (parse_chassis(text, out, error))
+    }
+    if (parse_chassis(text, out, error)) {
         return true;
+    }
     error = path + ": " + error;
     return false;
 }

@@ -16,7 +16,7 @@ TEST(IsDigit, LooksAtExactlyTheGivenLength) {
     for (const Case c :
          {Case{"123", 3, 1, 1}, Case{"12a", 3, 0, 0}, Case{"12a", 2, 1, 1}, Case{"-12", 3, 0, 1},
           Case{"1-2", 3, 0, 0}, Case{"-", 1, 0, 1}, Case{"--1", 3, 0, 0}, Case{"", 0, 1, 1},
-          Case{"7", 2, 0, 0}, Case{" 1", 2, 0, 0}}) {
+          Case{"7", 2, 0, 0}, Case{" 1", 2, 0, 0}, Case{"x", -3, 1, 1}}) {
         EXPECT_EQ(is_digit(c.text, c.length), c.digit) << '"' << c.text << "\" " << c.length;
         EXPECT_EQ(is_digit_minus(c.text, c.length), c.digit_minus)
             << '"' << c.text << "\" " << c.length;
