@@ -1,3 +1,5 @@
 #include <gvutil/gvutil.h>
 
-int main(void) { return get_real_slot_by_user_slot(0) == 3 ? 0 : 1; }
+int main(void) {
+    return get_real_slot_by_user_slot(0) == 3 ? 0 : 1;
+}
