@@ -11,7 +11,9 @@ endfunction()
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
 set(ENV{PKG_CONFIG_PATH} ${prefix}/lib/pkgconfig)
 run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK}/consumer -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
-    -DCMAKE_INSTALL_RPATH=${prefix}/lib -DCMAKE_BUILD_RPATH=${prefix}/lib)
+    -DCMAKE_BUILD_RPATH=${prefix}/lib
+    # the consumer is built as the library was (sanitizer runtimes included)
+    "-DCMAKE_C_FLAGS=${C_FLAGS}" "-DCMAKE_EXE_LINKER_FLAGS=${LINK_FLAGS}")
 run(${CMAKE_COMMAND} --build ${WORK}/consumer)
 set(ENV{LD_LIBRARY_PATH} ${prefix}/lib)
 run(${WORK}/consumer/by_config)
