@@ -59,21 +59,6 @@ TEST(Tree, KeepsItemsInOrderAndRefusesEqualOnes) {
     EXPECT_EQ(gvsim_live_trees(), 0);
 }
 
-TEST(Tree, BadArgumentsAndFailingCreation) {
-    int item = 1;
-    EXPECT_EQ(avl_Create(nullptr), nullptr);
-    EXPECT_EQ(avl_Insert(nullptr, &item), -1);
-    EXPECT_EQ(avl_First(nullptr), nullptr);
-    avl_Destroy(nullptr, count_destroyed);
-    gvsim_tree_fail_creates(1);
-    EXPECT_EQ(avl_Create(compare_ints), nullptr);
-    avl_tree *tree = avl_Create(compare_ints);
-    ASSERT_NE(tree, nullptr);
-    EXPECT_EQ(avl_Insert(tree, nullptr), -1);
-    EXPECT_EQ(avl_First(tree), nullptr);
-    avl_Destroy(tree, nullptr);
-}
-
 TEST(TrackedAllocator, CountsLiveBlocksBySource) {
     const long before = gvsim_live_allocations();
     void *a = mfh_malloc(16, 0, "alpha", 1);
@@ -183,13 +168,5 @@ TEST_P(EveryChassis, SwitchServicesAnswerFromTheDescription) {
 
 INSTANTIATE_TEST_SUITE_P(Shipped, EveryChassis,
                          ::testing::ValuesIn(gvtest::shipped_chassis_names()));
-
-TEST(NoRoot, ServicesAnswerAsAnEmptyChassis) {
-    unsetenv("GVUTIL_ROOT");
-    EXPECT_EQ(getModel(), -1);
-    EXPECT_EQ(gv_board_is_K7400A_SFU(), 0);
-    EXPECT_EQ(gv_hal_get_port_number_per_slot(1), 0);
-    EXPECT_EQ(gv_is_correct_interface("GE1/1"), 0);
-}
 
 } // namespace
