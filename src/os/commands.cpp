@@ -70,7 +70,7 @@ bool reroot(std::string_view command, std::string_view root, Line &line) noexcep
 
 } // namespace
 
-int run_shell(const char *command) noexcept {
+int run_command(const char *command) noexcept {
     if (command == nullptr) {
         return -1;
     }

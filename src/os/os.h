@@ -41,6 +41,6 @@ bool write_all(int fd, std::string_view text) noexcept;
 // system(3) on a command line. Under a host root, absolute /proc, /etc and
 // /tmp paths in the line are re-rooted and $GVUTIL_ROOT/bin comes first in
 // PATH; a line that cannot be re-rooted whole is not run (-1).
-int run_shell(const char *command) noexcept;
+int run_command(const char *command) noexcept;
 
 } // namespace gv::os

@@ -80,5 +80,5 @@ int file_size_check(void) noexcept {
     }
     char command[64];
     std::snprintf(command, sizeof command, "/bin/rm -rf %s", kLogFile);
-    return gv::os::run_shell(command);
+    return gv::os::run_command(command);
 }

@@ -180,11 +180,12 @@ TEST(SlotTranslation, OnlyTheFirstSlotOfEachElement) {
     struct Case {
         const char *user, *real, *back;
     };
-    for (const Case c : {Case{"GE0/1,XE2/3", "GE3/1,XE2/3", "GE0/1,XE2/3"},
-                         Case{"GE0/1-0/4", "GE3/1-0/4", "GE0/1-0/4"}, Case{"0/5", "3/5", "0/5"},
-                         Case{"CG3,br3,default", "CG3,br3,default", "CG3,br3,default"},
-                         Case{"GE3/1", "GE3/1", "GE0/1"},
-                         Case{"GE0/1,,GE2/1", "GE3/1,GE2/1", "GE0/1,GE2/1"}, Case{"", "", ""}}) {
+    for (const Case c :
+         {Case{"GE0/1,XE2/3", "GE3/1,XE2/3", "GE0/1,XE2/3"},
+          Case{"GE0/1-0/4", "GE3/1-0/4", "GE0/1-0/4"}, Case{"0/5", "3/5", "0/5"},
+          Case{"CG3,br3,default", "CG3,br3,default", "CG3,br3,default"},
+          Case{"GE3/1", "GE3/1", "GE0/1"}, Case{"GE0/1,,GE2/1", "GE3/1,GE2/1", "GE0/1,GE2/1"},
+          Case{"GE99999999999/1", "GE99999999999/1", "GE99999999999/1"}, Case{"", "", ""}}) {
         char real[128] = "x";
         EXPECT_STREQ(convert_real_ifname_from_user_ifname(c.user, real), c.real);
         std::string names = real;
@@ -311,6 +312,7 @@ TEST_F(Names, PortListsAreCheckedAgainstTheChassis) {
     EXPECT_EQ(get_port_str_by_interface_name("gpon", "1/1-8", 5, out), 0);
     EXPECT_EQ(std::string(out, 7), std::string("1/1-8\0x", 7));
     EXPECT_EQ(get_port_str_by_interface_name("gpon", "1/1-8", 4, out), -1);
+    EXPECT_EQ(get_port_str_by_interface_name("gpon", "", -1, out), -1);
 }
 
 TEST_F(Names, ListCheckCodes) {
@@ -322,10 +324,11 @@ TEST_F(Names, ListCheckCodes) {
     for (int i = 0; i < 1000; ++i) {
         many += ",GPON1/1";
     }
-    for (const Case c :
-         {Case{"GPON1/1-8,EPON2/1", 1, 0}, Case{nullptr, 0, -1}, Case{"br1", 0, -3},
-          Case{"CG1/1", 0, -2}, Case{"GPON1/1-x", 0, -2}, Case{"GPON1/5-2", 0, -5},
-          Case{"GPON1/1,GPON4/1", 0, -3}, Case{"GPON123/4567", 0, -3}, Case{many.c_str(), 0, -4}}) {
+    const std::string huge = "GPON1/1-" + std::string(300, '1');
+    for (const Case c : {Case{"GPON1/1-8,EPON2/1", 1, 0}, Case{nullptr, 0, -1}, Case{"br1", 0, -3},
+                         Case{"CG1/1", 0, -2}, Case{"GPON1/1-x", 0, -2}, Case{"GPON1/5-2", 0, -5},
+                         Case{"GPON1/1,GPON4/1", 0, -3}, Case{"GPON123/4567", 0, -3},
+                         Case{many.c_str(), 0, -4}, Case{huge.c_str(), 0, -2}}) {
         int code = 7;
         EXPECT_EQ(check_interface_list(c.list, &code), c.result);
         EXPECT_EQ(code, c.code) << (c.list != nullptr ? std::string(c.list).substr(0, 20) : "NULL");

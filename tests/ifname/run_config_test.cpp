@@ -102,6 +102,8 @@ TEST(RunConfig, SlotAndPortRangeOfOneName) {
                   std::vector<int>({c.slot, c.first, c.last}));
         EXPECT_STREQ(prefix, c.prefix);
     }
+    int slot = 0;
+    EXPECT_EQ(get_slot_and_port_range_from_ifstr("GE1/1", nullptr, &slot, nullptr, &slot), -1);
 }
 
 TEST(RangePrompt, RunsOfPortsPerSlot) {

@@ -84,6 +84,8 @@ TEST(InterfaceNames, PrefixIsEverythingBeforeTheFirstDigit) {
     EXPECT_EQ(get_interface_type("XGSPON1/1", small, sizeof small), 0);
     EXPECT_STREQ(small, "XGS"); // cut to fit, terminated
     EXPECT_EQ(get_interface_type("GE1/1", nullptr, 8), -1);
+    EXPECT_EQ(get_interface_type("GE1/1", small, 0), 0);
+    EXPECT_STREQ(small, "XGS"); // no room: nothing written
 }
 
 TEST(InterfaceNames, SingleInterfaceTest) {

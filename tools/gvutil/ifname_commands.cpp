@@ -3,6 +3,7 @@
 #include "commands.h"
 
 #include "gvutil/ifname.h"
+#include "gvutil/model.h"
 
 #include <cstdio>
 #include <cstring>
@@ -64,8 +65,11 @@ std::vector<ifrange_port_t> ports_of(const std::vector<std::string> &elements) {
             0) {
             continue;
         }
+        // The prompt is the operator's: slots in user numbering.
+        const int shown =
+            is_ethernet_interface(element.c_str()) != 0 ? get_user_slot_by_real_slot(slot) : slot;
         for (long long port = first; port <= last && ports.size() < kMaxPromptPorts; ++port) {
-            ports.push_back(ifrange_port_t{slot, static_cast<int32_t>(port), {0, 0}});
+            ports.push_back(ifrange_port_t{shown, static_cast<int32_t>(port), {0, 0}});
         }
     }
     return ports;
