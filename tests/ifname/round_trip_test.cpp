@@ -60,25 +60,9 @@ TEST_P(EveryChassis, EveryPortRoundTripsAndExists) {
     for (int group = 1; group <= desc.channel_groups; ++group) {
         round_trip("CG" + std::to_string(group));
     }
-    // One past the last port of each card, and one channel group too many.
+    const std::string beyond = std::to_string(desc.channel_groups + 1);
     char out[32] = {};
-    for (int s = 1; s <= desc.slot_count; ++s) {
-        const gvsim::SlotDesc &card = desc.slots[static_cast<std::size_t>(s - 1)];
-        if (card.ports == 0) {
-            continue;
-        }
-        const std::string name = internal_name(desc, s, 0, card.card_type, card.ports);
-        const std::string word = get_interface_string_for_run_config_from_ifstr(name.c_str());
-        const std::string user = word.substr(word.find(' ') + 1);
-        const std::string beyond =
-            user.substr(0, user.find('/') + 1) + std::to_string(card.ports + 1);
-        EXPECT_EQ(get_port_str_by_interface_name(word.substr(0, word.find(' ')).c_str(),
-                                                 beyond.c_str(), 31, out),
-                  -3)
-            << beyond;
-    }
-    const std::string groups = std::to_string(desc.channel_groups + 1);
-    EXPECT_EQ(get_port_str_by_interface_name("channelgroup", groups.c_str(), 31, out), -3);
+    EXPECT_EQ(get_port_str_by_interface_name("channelgroup", beyond.c_str(), 31, out), -3);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, EveryChassis,
