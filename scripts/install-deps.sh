@@ -5,14 +5,17 @@ set -euo pipefail
 
 flavour="${1:-native}"
 
+# libbsd-dev: the host chassis' balanced tree is its <bsd/sys/tree.h>
+# (header only; libbsd itself is not linked).
 native_pkgs=(cmake ninja-build g++ pkg-config googletest libgtest-dev
-             libgmock-dev libbenchmark-dev libreadline-dev)
+             libgmock-dev libbenchmark-dev libreadline-dev libbsd-dev)
 # GCC ships libasan/libubsan with g++ itself; nothing extra is needed.
 asan_pkgs=("${native_pkgs[@]}")
 # The cross build has no readline: Debian 12 has no powerpc port of it in
 # main, so the ppc32 preset configures without it. GoogleTest is rebuilt
-# from the sources in /usr/src/googletest (package googletest).
-ppc32_pkgs=(cmake ninja-build g++-powerpc-linux-gnu qemu-user googletest)
+# from the sources in /usr/src/googletest (package googletest); the tree
+# header is architecture-independent and staged by stage-cross-headers.sh.
+ppc32_pkgs=(cmake ninja-build g++-powerpc-linux-gnu qemu-user googletest libbsd-dev)
 lint_pkgs=(clang-format clang-tidy git)
 
 case "$flavour" in

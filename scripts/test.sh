@@ -15,7 +15,8 @@ case "$preset" in
     asan)    bash scripts/install-deps.sh asan ;;
     ppc32)   bash scripts/install-deps.sh native
              bash scripts/install-deps.sh ppc32
-             bash scripts/build-gtest-cross.sh "$repo_root/build/deps/ppc32" ;;
+             bash scripts/build-gtest-cross.sh "$repo_root/build/deps/ppc32"
+             bash scripts/stage-cross-headers.sh "$repo_root/build/deps/ppc32" ;;
     *)       echo "usage: $0 [default|asan|ppc32]" >&2; exit 2 ;;
 esac
 

@@ -3,6 +3,9 @@
 #define GVUTIL_EXPORT_H
 
 #define GVUTIL_API __attribute__((visibility("default")))
+/* printf-style checking of a format argument and its values. */
+#define GVUTIL_PRINTF(format_index, first_value)                                                   \
+    __attribute__((format(printf, format_index, first_value)))
 
 #ifdef __cplusplus
 #define GVUTIL_BEGIN_DECLS extern "C" {

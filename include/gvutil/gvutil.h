@@ -2,6 +2,7 @@
 #ifndef GVUTIL_H
 #define GVUTIL_H
 
+#include "gvutil/ifname.h"
 #include "gvutil/model.h"
 #include "gvutil/platform.h"
 #include "gvutil/sys.h"

@@ -33,7 +33,8 @@ int gv_cli_out(struct cli_ctx *ctx, const char *format, ...);
 /* A heap line without its newline, or NULL at end of input; caller frees. */
 char *readline(const char *prompt);
 
-/* One element of an interface range ("GE1/1-4"). */
+/* One element of an interface range ("GE1/1-4"); slot 0 for names without
+ * one ("CG1-3"). */
 struct intf_range {
     char prefix[16];
     int slot;
@@ -42,13 +43,15 @@ struct intf_range {
 };
 
 /* Parses a comma-separated internal name list into at most max ranges;
- * answers 1 when the list does not parse, else 0 with *count ranges. */
+ * answers 1 when the list does not parse (or holds more), else 0 with *count
+ * ranges. */
 int intf_ranges_set(const char *list, int max, struct intf_range *ranges, int *count);
-/* Parses one element into prefix, slot and port range: 0, or -1. */
+/* Parses one element into prefix (16 bytes), slot and port range: 0, or -1. */
 int gv_imish_set_ifrange(const char *element, char *prefix, int *slot, int *first_port,
                          int *last_port);
-/* Resolves an interface name into the name the platform uses: 0, or -1. */
-int gv_get_ifname(const char *name, char *resolved);
+/* Resolves one interface name into the name the platform uses, in at most
+ * size bytes: 0, or -1 when it names no interface or does not fit. */
+int gv_get_ifname(const char *name, char *resolved, int size);
 /* 1 when the named interface exists on this chassis, else 0. */
 int gv_is_correct_interface(const char *name);
 
@@ -75,17 +78,22 @@ typedef struct avl_tree avl_tree;
 typedef int (*avl_compare_func)(const void *a, const void *b);
 typedef int (*avl_free_func)(void *item);
 
+/* Trees order items by compare(new or sought item, item held). The items
+ * stay the caller's until avl_Destroy hands them to its destroy function. */
 avl_tree *avl_Create(avl_compare_func compare);
-/* 0 when inserted, -1 when not. */
+/* 0 when inserted, -1 when not: an item comparing equal to one the tree
+ * already holds is refused and stays the caller's. */
 int avl_Insert(avl_tree *tree, void *item);
 void *avl_Find(avl_tree *tree, const void *key);
 void *avl_First(avl_tree *tree);
+/* The item after item in the tree's order, or NULL after the last. */
 void *avl_Next(avl_tree *tree, const void *item);
 /* Frees the tree, handing every item to destroy when it is not NULL. */
 void avl_Destroy(avl_tree *tree, avl_free_func destroy);
 
 /* ---- Tracked allocator ------------------------------------------------ */
 
+/* The source name and line are kept with the block for leak tracking. */
 void *mfh_malloc(size_t size, int flags, const char *source, int line);
 void memmgr_free(int flags, void *ptr, const char *source, int line);
 

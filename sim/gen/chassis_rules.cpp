@@ -37,6 +37,33 @@ int card_port_interface(int card_type, int port, bool k7400a_board) noexcept {
     return kIfNone;
 }
 
+const char *interface_prefix(int code) noexcept {
+    switch (code) {
+    case kIfFe:
+        return "FE";
+    case kIfGe:
+        return "GE";
+    case kIfXe:
+        return "XE";
+    case kIfCe:
+        return "CE";
+    case kIfEpon:
+        return "EPON";
+    case kIfXepon:
+        return "XEPON";
+    case kIfGpon:
+        return "GPON";
+    case kIfXgpon:
+        return "XGPON";
+    case kIfXgspon:
+        return "XGSPON";
+    case kIfNgpon:
+        return "NGPON";
+    default:
+        return nullptr;
+    }
+}
+
 bool is_pon_interface(int code) noexcept {
     return code >= kIfEpon && code <= kIfNgpon;
 }

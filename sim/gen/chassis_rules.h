@@ -10,18 +10,24 @@ namespace gvsim {
 // Interface type codes as the library names them (GE = 2, XE = 3, CE = 5, EPON = 50 ...).
 enum InterfaceCode : int {
     kIfNone = 0,
+    kIfFe = 1,
     kIfGe = 2,
     kIfXe = 3,
     kIfCe = 5,
     kIfEpon = 50,
     kIfXepon = 51,
     kIfGpon = 52,
+    kIfXgpon = 53,
     kIfXgspon = 54,
     kIfNgpon = 55,
 };
 
 // Interface of port `port` (from 1) of a card; kIfNone for card types that name no ports.
 int card_port_interface(int card_type, int port, bool k7400a_board) noexcept;
+
+// Short prefix of an interface code as internal names spell it ("GE", "XGSPON"); null for codes
+// that name no port.
+const char *interface_prefix(int code) noexcept;
 
 bool is_pon_interface(int code) noexcept;
 bool is_ethernet_interface(int code) noexcept;

@@ -5,9 +5,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <span>
+#include <string_view>
 
 namespace gv::os {
+
+// $GVUTIL_ROOT of a host build; null on the chassis or when it is not set.
+const char *host_root() noexcept;
 
 // The path to open for an absolute chassis path: the path itself on the
 // chassis, the same path under $GVUTIL_ROOT when a host root is set. False
@@ -22,5 +27,20 @@ void close_fd(int fd) noexcept;
 // most). Under a host root the descriptor is a regular file holding the
 // reply's bytes. The reply is zeroed first, so a short reply reads as zeros.
 int ioctl_reply(int fd, unsigned long request, std::span<std::byte> reply) noexcept;
+
+// fopen(3) on the resolved path; null on failure.
+std::FILE *open_stream(const char *path, const char *mode) noexcept;
+
+// stat(2) on the resolved path: 0 with its size in *size, -1 when the path
+// cannot be examined.
+int file_size(const char *path, long long *size) noexcept;
+
+// Writes all of text to fd; false when the descriptor takes less.
+bool write_all(int fd, std::string_view text) noexcept;
+
+// system(3) on a command line. Under a host root, absolute /proc, /etc and
+// /tmp paths in the line are re-rooted and $GVUTIL_ROOT/bin comes first in
+// PATH; a line that cannot be re-rooted whole is not run (-1).
+int run_command(const char *command) noexcept;
 
 } // namespace gv::os

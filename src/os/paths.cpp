@@ -6,8 +6,6 @@
 
 namespace gv::os {
 
-namespace {
-
 // Read on every call: tests and tools point successive calls at other roots.
 const char *host_root() noexcept {
 #if GVUTIL_HOST_SIM
@@ -17,8 +15,6 @@ const char *host_root() noexcept {
     return nullptr;
 #endif
 }
-
-} // namespace
 
 bool resolve_path(const char *path, std::span<char> out) noexcept {
     if (path == nullptr || out.empty()) {

@@ -18,6 +18,10 @@ struct Command {
 int run_map(Args args);
 int run_pnum(Args args);
 int run_slotport(Args args);
+int run_ifname(Args args);
+int run_ifuser(Args args);
+int run_ifreal(Args args);
+int run_ifconfig(Args args);
 
 // Prints "usage: gvutil <usage>" for a command and answers 2.
 int usage_error(const char *name);

@@ -18,6 +18,15 @@ constexpr std::array kCommands = {
     Command{"pnum", "pnum PNUM", "the slot and port of a flat port number", run_pnum},
     Command{"slotport", "slotport SLOT/PORT", "the flat port number of a user slot/port",
             run_slotport},
+    Command{"ifname", "ifname WORD [LIST]",
+            "internal names of an operator's list (gigabitethernet 0/1-4,1/2), checked",
+            run_ifname},
+    Command{"ifuser", "ifuser NAMES", "internal names with user slots (GE3/1 -> GE0/1)",
+            run_ifuser},
+    Command{"ifreal", "ifreal NAMES", "user-slot names with real slots (GE0/1 -> GE3/1)",
+            run_ifreal},
+    Command{"ifconfig", "ifconfig NAMES",
+            "running-configuration texts, range line and prompt of internal names", run_ifconfig},
 };
 
 const Command *find_command(const char *name) {

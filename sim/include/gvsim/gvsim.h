@@ -4,15 +4,57 @@
  * that GVUTIL_ROOT names (made by gvsim-mkroot); with no root set there is no
  * chassis, and the services answer as a chassis with nothing fitted would.
  *
+ * Switch services and redundancy controller
  *   getModel()                       model code of the root's description, -1 without one
  *   gv_hal_get_port_number_per_slot  ports of a real slot 1..slot count, else 0
  *   gv_board_is_K7400A_SFU()         1 when the board identity is "K7400A_SFU"
  *   redctrl_get_boardid()            which switch-fabric unit this board is (1 or 2), 0 without one
  *   redctrl_is_mate_detected()       1 when the other switch-fabric unit is fitted
+ *
+ * Balanced tree (avl_*)
+ *   A red-black tree. Items are ordered by compare(new or sought item, held
+ *   item); an item comparing equal to a held one is refused by avl_Insert
+ *   (-1) and stays the caller's. avl_Next walks by the tree's own order, so
+ *   it also works for comparators that do not agree with themselves.
+ *
+ * Tracked allocator
+ *   mfh_malloc keeps every block with its source name; memmgr_free of a block
+ *   it did not hand out (or a second time) reports it and aborts.
+ *
+ * Interface-range services (internal names: short prefix, "slot/port", or a
+ * number for channel groups)
+ *   intf_ranges_set, gv_imish_set_ifrange  parse "GE1/2", "GE1/2-4", "GE1/2-1/4",
+ *                                          "CG1", "CG1-3"; no check of the chassis
+ *   gv_get_ifname       accepts any letter case of the short prefix and writes
+ *                       its usual spelling; slot 0 becomes real slot 3
+ *   gv_is_correct_interface  1 for a port of the root's chassis named with the
+ *                       interface its card carries there (GE1/2 on a GE card),
+ *                       or CG1..CGn for the chassis' channel groups. A slotless
+ *                       box names its front-panel ports slot 1, port = pnum
+ *                       (GPON1/1, GE1/17 on the K3100X).
  */
 #ifndef GVSIM_H
 #define GVSIM_H
 
 #include "gvutil/platform.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Blocks of the tracked allocator not yet freed: all, or those of one source. */
+long gvsim_live_allocations(void);
+long gvsim_live_allocations_from(const char *source);
+/* After successes more allocations, every mfh_malloc fails; negative: never. */
+void gvsim_allocator_fail_after(long successes);
+
+/* Trees created and not yet destroyed. */
+long gvsim_live_trees(void);
+/* The next count avl_Create calls fail. */
+void gvsim_tree_fail_creates(int count);
+
+#ifdef __cplusplus
+}
+#endif
 
 #endif
