@@ -2,9 +2,11 @@
 #ifndef GVUTIL_H
 #define GVUTIL_H
 
+#include "gvutil/cli.h"
 #include "gvutil/ifname.h"
 #include "gvutil/model.h"
 #include "gvutil/platform.h"
+#include "gvutil/settext.h"
 #include "gvutil/sys.h"
 
 #endif

@@ -59,10 +59,15 @@ int gv_is_correct_interface(const char *name);
 
 /* Writes command to a switch control file; *reply receives the text reply. */
 int swch_sioctl(const char *path, const char *command, char **reply, int flag);
-/* Interface name of a real slot and port. */
+/* Interface name of a real slot and port (at most 31 characters); 0, or -1
+ * with the empty name when there is no such port. */
 int get_ifname(int slot, int port, char *name);
 int get_pnum_from_type_b_trunk_pnum(int pnum);
+/* The real slot and port of a fabric port (a pnum); 0, or -1 with zeros. */
 int get_logical_slot_port_from_sfu_port(int sfu_port, int *slot, int *port);
+/* The slot and port that name a pnum: a physical port's own, the logical
+ * slot and group of a channel group, the working port behind a type-b trunk;
+ * 0, or -1 with zeros. */
 int get_logical_slot_port_from_virtual_port(int pnum, int *slot, int *port);
 int _get_max_port_by_type(int card_type, int slot);
 int gv_hal_get_port_number_per_slot(int slot);
@@ -106,12 +111,15 @@ int redctrl_is_mate_detected(void);
 
 #define EQM_SLOT_ENTRIES 34
 
-/* The equipment manager's shared record; indexed by real slot. */
+/* The equipment manager's shared record. */
 struct eqm_global_info {
-    uint16_t slot_max;
-    uint16_t card_type[EQM_SLOT_ENTRIES];
+    uint16_t slot_max;                    /* highest slot number shown to the operator */
+    uint16_t card_type[EQM_SLOT_ENTRIES]; /* by real slot; 0 for an empty slot */
 };
-extern struct eqm_global_info *EqmGlobalInfo;
+/* The record as the equipment manager publishes it now; NULL while it has
+ * published none. Read it as EqmGlobalInfo (EqmGlobalInfo->slot_max). */
+struct eqm_global_info *eqm_get_global_info(void);
+#define EqmGlobalInfo (eqm_get_global_info())
 
 /* ---- SNMP sub-agent --------------------------------------------------- */
 

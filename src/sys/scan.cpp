@@ -10,12 +10,23 @@ bool is_space(char c) noexcept {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-bool is_dec(char c) noexcept {
-    return c >= '0' && c <= '9';
+int digit_value(char c, int base) noexcept {
+    int value = base;
+    if (c >= '0' && c <= '9') {
+        value = c - '0';
+    } else if (c >= 'a' && c <= 'f') {
+        value = c - 'a' + 10;
+    } else if (c >= 'A' && c <= 'F') {
+        value = c - 'A' + 10;
+    }
+    return value < base ? value : -1;
 }
 
-// One "%d" at the front of text, consumed on success.
-bool take_int(std::string_view &text, int &value) noexcept {
+// What to do with a number beyond the int range.
+enum class Overflow { refuse, saturate };
+
+// One number of a base at the front of text, consumed on success.
+bool take_int(std::string_view &text, int &value, int base, Overflow overflow) noexcept {
     std::size_t at = 0;
     while (at < text.size() && is_space(text[at])) {
         ++at;
@@ -27,10 +38,13 @@ bool take_int(std::string_view &text, int &value) noexcept {
     const long long limit = negative ? -static_cast<long long>(INT_MIN) : INT_MAX;
     long long magnitude = 0;
     const std::size_t digits_at = at;
-    for (; at < text.size() && is_dec(text[at]); ++at) {
-        magnitude = magnitude * 10 + (text[at] - '0');
+    for (int digit = 0; at < text.size() && (digit = digit_value(text[at], base)) >= 0; ++at) {
+        magnitude = magnitude * base + digit;
         if (magnitude > limit) {
-            return false;
+            if (overflow == Overflow::refuse) {
+                return false;
+            }
+            magnitude = limit; // stays there whatever digits follow
         }
     }
     if (at == digits_at) {
@@ -46,9 +60,11 @@ bool take_int(std::string_view &text, int &value) noexcept {
 int scan_ints(std::string_view text, std::string_view pattern, std::span<int> values) noexcept {
     int stored = 0;
     while (!pattern.empty()) {
-        if (pattern.starts_with("%d")) {
+        const bool decimal = pattern.starts_with("%d");
+        if (decimal || pattern.starts_with("%x")) {
             if (static_cast<std::size_t>(stored) >= values.size() ||
-                !take_int(text, values[static_cast<std::size_t>(stored)])) {
+                !take_int(text, values[static_cast<std::size_t>(stored)], decimal ? 10 : 16,
+                          Overflow::refuse)) {
                 break;
             }
             ++stored;
@@ -62,6 +78,11 @@ int scan_ints(std::string_view text, std::string_view pattern, std::span<int> va
         pattern.remove_prefix(1);
     }
     return stored;
+}
+
+int read_int(std::string_view text) noexcept {
+    int value = 0;
+    return take_int(text, value, 10, Overflow::saturate) ? value : 0;
 }
 
 } // namespace gv::sys

@@ -1,5 +1,6 @@
 #include "support/chassis_root.h"
 
+#include "chassis_rules.h"
 #include "gvutil/model.h"
 
 #include <gtest/gtest.h>
@@ -33,6 +34,18 @@ std::vector<std::string> shipped_chassis_names() {
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+gvsim::ChassisDesc two_port_chassis(int channel_groups) {
+    gvsim::ChassisDesc desc = shipped_chassis("test3");
+    desc.slot_count = 1;
+    desc.slots = {};
+    desc.slots[0] = {1, 2};
+    desc.interlink = 0;
+    desc.logical_ports = 14;
+    desc.channel_groups = channel_groups;
+    gvsim::derive_port_kinds(desc);
+    return desc;
 }
 
 ChassisRoot::ChassisRoot(std::string_view shipped_name)

@@ -14,6 +14,10 @@ namespace gvtest {
 gvsim::ChassisDesc shipped_chassis(std::string_view name);
 std::vector<std::string> shipped_chassis_names();
 
+// One slot of two GE ports and no interlink ports: the logical slot's pnums
+// (3 on) lie below its capacity of 14, where channel groups print as "CG%d".
+gvsim::ChassisDesc two_port_chassis(int channel_groups);
+
 class ChassisRoot {
   public:
     explicit ChassisRoot(std::string_view shipped_name);

@@ -22,6 +22,10 @@ int run_ifname(Args args);
 int run_ifuser(Args args);
 int run_ifreal(Args args);
 int run_ifconfig(Args args);
+int run_ports(Args args);
+int run_portset(Args args);
+int run_slots(Args args);
+int run_vlans(Args args);
 
 // Prints "usage: gvutil <usage>" for a command and answers 2.
 int usage_error(const char *name);

@@ -27,6 +27,11 @@ constexpr std::array kCommands = {
             run_ifreal},
     Command{"ifconfig", "ifconfig NAMES",
             "running-configuration texts, range line and prompt of internal names", run_ifconfig},
+    Command{"ports", "ports LIST", "a port list as the shell reads it (1/1-4,0/2,t/1)", run_ports},
+    Command{"portset", "portset TEXT", "a port set text read back into a set (1/1-1/4,t/2)",
+            run_portset},
+    Command{"slots", "slots LIST", "a slot list as the shell reads it (1,2-4)", run_slots},
+    Command{"vlans", "vlans LIST", "a VLAN list (1-3,10) and its bridge texts", run_vlans},
 };
 
 const Command *find_command(const char *name) {

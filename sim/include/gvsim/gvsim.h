@@ -11,6 +11,39 @@
  *   redctrl_get_boardid()            which switch-fabric unit this board is (1 or 2), 0 without one
  *   redctrl_is_mate_detected()       1 when the other switch-fabric unit is fitted
  *
+ * Port names and places (pnums as the root's model record numbers them)
+ *   get_ifname(slot, port, name)     the internal name of a real slot's port, with
+ *                                    the short prefix of the interface its card
+ *                                    carries there (GPON1/3, XE3/1, GE3/1 on the
+ *                                    K7400A SFU), or CG<n> for group n of the
+ *                                    logical slot (slot count + 1); 0. Anything
+ *                                    else: the empty name and -1. A card type that
+ *                                    names no interface gives "<slot>/<port>".
+ *                                    At most 31 characters.
+ *   get_logical_slot_port_from_virtual_port(pnum, &slot, &port)
+ *                                    a physical port's real slot and port, (logical
+ *                                    slot, group) for a channel group, the working
+ *                                    port behind a type-b trunk; 0. Interlink pnums
+ *                                    and pnums beyond the chassis: -1 with zeros.
+ *   get_logical_slot_port_from_sfu_port(pnum, &slot, &port)
+ *                                    the real slot and port of a physical pnum; 0,
+ *                                    else -1 with zeros.
+ *   get_pnum_from_type_b_trunk_pnum  the working PON port behind a type-b trunk:
+ *                                    trunk k (the k-th logical port after the
+ *                                    channel groups) pairs the (2k-1)-th and 2k-th
+ *                                    PON ports in pnum order and answers the first.
+ *                                    Every other pnum, a trunk without such a port,
+ *                                    and any pnum without a root answer themselves.
+ *                                    On test3 trunks 43..48 answer 1, 3, ..., 11.
+ *   A slotless box numbers its front-panel ports slot 0, port = pnum, and names
+ *   them slot 1 (GPON1/5); its logical slot is slot 1.
+ *
+ * Equipment manager
+ *   EqmGlobalInfo (eqm_get_global_info())  the record filled from the root on each
+ *                                    look: slot_max = the slot count (0 on a slotless
+ *                                    box), card_type[s] = the card in real slot s
+ *                                    (0 when empty); NULL without a root.
+ *
  * Balanced tree (avl_*)
  *   A red-black tree. Items are ordered by compare(new or sought item, held
  *   item); an item comparing equal to a held one is refused by avl_Insert

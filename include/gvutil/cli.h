@@ -1,0 +1,104 @@
+/*
+ * CLI tokens and output: the text forms of port numbers, and the parsers of
+ * the slot and port tokens an operator types. Parsers print their operator
+ * messages through the shell's output context (struct cli_ctx, platform.h);
+ * a NULL context checks quietly.
+ */
+#ifndef GVUTIL_CLI_H
+#define GVUTIL_CLI_H
+
+#include <stdint.h>
+
+#include "gvutil/export.h"
+
+GVUTIL_BEGIN_DECLS
+
+struct cli_ctx;
+
+/* ---- Ranges produced by the token parsers ---------------------------- */
+
+/* low..high inclusive; a single value has low == high. */
+typedef struct value_range {
+    uint16_t low;
+    uint16_t high;
+} value_range;
+
+/* One slot's ports first..last inclusive (real slot numbers). */
+typedef struct slot_port_range {
+    uint16_t slot;
+    uint16_t first_port;
+    uint16_t last_port;
+} slot_port_range;
+
+typedef struct slot_port_pair {
+    uint8_t slot;
+    uint8_t port;
+} slot_port_pair;
+
+/* ---- Port number text forms ------------------------------------------ */
+
+/* Interface name of a pnum (the platform's name, or "CG%d"). */
+GVUTIL_API void convert_p_format_to_s_format(int pnum, char *dest) GVUTIL_NOEXCEPT;
+/* "%d/%d" (user slot/port) or "CG%d"; answers dest. */
+GVUTIL_API char *convert_p_format_to_s_legacy_format(int pnum, char *dest) GVUTIL_NOEXCEPT;
+/* pnum of a real slot and port; 0 when there is none. */
+GVUTIL_API int convert_s_format_to_p_format(int slot, int port) GVUTIL_NOEXCEPT;
+GVUTIL_API char *sputil_mk_string_from_int_port(int pnum, char *dest, int size) GVUTIL_NOEXCEPT;
+/* dest is 64 bytes; a chassis without slots answers text itself. */
+GVUTIL_API const char *sputil_mk_string_from_str_port(const char *text, char *dest) GVUTIL_NOEXCEPT;
+/* "mapper/port" of a GEM index, per GEM ports to a mapper. */
+GVUTIL_API char *sputil_mk_string_from_int_gemport(int index, char *dest, int size,
+                                                   int per) GVUTIL_NOEXCEPT;
+GVUTIL_API int gv_get_slot_number_from_log_pnum(int pnum) GVUTIL_NOEXCEPT;
+GVUTIL_API int gv_get_slotport_number_from_log_pnum(int pnum) GVUTIL_NOEXCEPT;
+GVUTIL_API int gv_get_if_type(int pnum, int slot, int port, char *dest, int size) GVUTIL_NOEXCEPT;
+/* The interface clause of a command (" gigabitethernet 1/1-4,2/3") for a
+ * pnum list, which is sorted in place; 0, or -1 for a NULL or empty list. */
+GVUTIL_API int gv_get_cli_format_string_from_plist(uint32_t *list, int count,
+                                                   char *dest) GVUTIL_NOEXCEPT;
+
+/* ---- Slot and port tokens --------------------------------------------- */
+
+/* The limits get_slot_port_token_simple checks against; zero at load, set
+ * by the caller that uses it. */
+struct gv_simple_slot_port_limits {
+    int32_t highest_slot;
+    int32_t highest_port;
+};
+GVUTIL_API extern struct gv_simple_slot_port_limits simple_slot_port_limits;
+
+/* Every parser below adds one to *errs for each rejected item (errs may be
+ * NULL where a function takes it) and never lowers it. Output arrays are the
+ * caller's and must hold every range the text can produce. */
+GVUTIL_API int get_slot_token(const char *text, value_range *out,
+                              struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int is_slot_valid(int slot, int allow_trunk) GVUTIL_NOEXCEPT;
+GVUTIL_API int check_input_slot_number(const char *token, struct cli_ctx *ctx,
+                                       uint32_t *errs) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_logical_slot_port_num(int slot) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_logical_slot_port_max_num(int slot) GVUTIL_NOEXCEPT;
+GVUTIL_API int build_slot_port_list(const char *item, slot_port_pair *pair, struct cli_ctx *ctx,
+                                    uint32_t *errs) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_slot_port_token(const char *text, slot_port_range *out, struct cli_ctx *ctx,
+                                   uint32_t *errs) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_slot_port_token_simple(const char *text, slot_port_range *out,
+                                          struct cli_ctx *ctx, uint32_t *errs) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_port_token(const char *text, value_range *out, int max,
+                              struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_pon_port_token(const char *text, value_range *out, int max,
+                                  struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_port_list(const char *text, uint32_t *out, int max,
+                             struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_uni_port_list(const char *text, uint32_t *out, int max,
+                                 struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_port_list_not_cli_input(const char *text, uint32_t *out, int max,
+                                           struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_pon_port_list_not_cli_input(const char *text, uint32_t *out, int max,
+                                               struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* Kept for its callers; answers no ports. */
+GVUTIL_API int get_port_list_simple(const char *text, uint32_t *out, int max,
+                                    struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+
+GVUTIL_END_DECLS
+
+#endif

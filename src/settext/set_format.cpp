@@ -1,0 +1,201 @@
+// Port, bridge and VLAN sets printed as range text ("1/1-4,2/3", "1-3,10").
+#include "gvutil/cli.h"
+#include "gvutil/model.h"
+#include "gvutil/platform.h"
+#include "gvutil/settext.h"
+#include "model/model_record.h"
+#include "sys/items.h"
+#include "sys/runs.h"
+
+#include <cstdio>
+#include <cstring>
+#include <string_view>
+
+namespace {
+
+using gv::sys::Decimal;
+using gv::sys::Run;
+using gv::sys::RunText;
+
+// Without a bitmap there is nothing to walk: an empty text, no members.
+bool nothing_to_walk(char *out, const void *set) noexcept {
+    if (out != nullptr && set == nullptr) {
+        out[0] = '\0';
+    }
+    return out == nullptr || set == nullptr;
+}
+
+int port_limit(int max) noexcept {
+    return max < GV_PORTSET_MAX_PORT ? max : GV_PORTSET_MAX_PORT;
+}
+
+int id_limit(int max) noexcept {
+    return max < GV_ID_SET_MAX_ID ? max : GV_ID_SET_MAX_ID;
+}
+
+// Members beyond the capacity are never read, whatever max says.
+auto port_member(const portset_t *set) noexcept {
+    return [set](int pnum) noexcept { return ps_isset(set, pnum) != 0; };
+}
+
+auto id_member(const uint32_t *set) noexcept {
+    return [set](int id) noexcept { return id <= GV_ID_SET_MAX_ID && chk(set, id - 1) != 0; };
+}
+
+// Port text of one pnum, in a buffer that lives as long as the value.
+class PortText {
+  public:
+    PortText(int pnum, char *(*convert)(int, char *, int)) noexcept {
+        convert(pnum, text_, sizeof text_);
+    }
+    operator std::string_view() const noexcept { return text_; }
+
+  private:
+    char text_[64];
+};
+
+char *slot_port_text(int pnum, char *dest, int) noexcept {
+    // A pnum the legacy form does not name leaves the text empty.
+    dest[0] = '\0';
+    return convert_p_format_to_s_legacy_format(pnum, dest);
+}
+
+char *short_port_text(int pnum, char *dest, int size) noexcept {
+    std::snprintf(dest, static_cast<std::size_t>(size), "%s", _cnvt_port_num_to_str(pnum));
+    return dest;
+}
+
+// The common formatter: each run written with one text per member.
+template <typename IsMember, typename MemberText>
+int format_runs(char *out, int limit, IsMember is_member, MemberText member_text) noexcept {
+    RunText text(out);
+    return gv::sys::for_each_run(1, limit, is_member, gv::sys::kNoSplit,
+                                 [&](Run run) noexcept { text.write(run, member_text); });
+}
+
+gv::sys::FixedText<16> bridge_name(int id) noexcept {
+    gv::sys::FixedText<16> name(id == 1 ? "default" : "br");
+    if (id != 1) {
+        name.append(Decimal(id));
+    }
+    return name;
+}
+
+// Beyond the physical slot ports: the channel-group ports.
+bool is_second_port_group(int pnum) noexcept {
+    using namespace gv::model;
+    return port_count(kPhysicalPorts) < pnum && pnum <= port_count(kTotalPorts);
+}
+
+} // namespace
+
+int portset2str(char *out, int max, const portset_t *set) noexcept {
+    if (nothing_to_walk(out, set)) {
+        return 0;
+    }
+    return format_runs(out, port_limit(max), port_member(set), [](int pnum) noexcept {
+        return PortText(pnum, sputil_mk_string_from_int_port);
+    });
+}
+
+int portset2str2(char *out, int max, const portset_t *set) noexcept {
+    if (nothing_to_walk(out, set)) {
+        return 0;
+    }
+    return format_runs(out, port_limit(max), port_member(set),
+                       [](int pnum) noexcept { return PortText(pnum, short_port_text); });
+}
+
+int portset2_if_str(char *out, int max, const portset_t *set) noexcept {
+    if (nothing_to_walk(out, set)) {
+        return 0;
+    }
+    RunText text(out);
+    // A run starts with the interface name and ends with the bare port number.
+    return gv::sys::for_each_run(
+        1, port_limit(max), port_member(set), gv::sys::kNoSplit, [&](Run run) noexcept {
+            int slot = 0;
+            int port = 0;
+            char name[64] = {};
+            get_logical_slot_port_from_virtual_port(run.first, &slot, &port);
+            get_ifname(slot, port, name);
+            text.open(name);
+            if (!run.single()) {
+                get_logical_slot_port_from_virtual_port(run.last, &slot, &port);
+                text.close(Decimal(port));
+            }
+        });
+}
+
+int portset2str_wo_iftype(char *out, int max, const portset_t *set) noexcept {
+    if (nothing_to_walk(out, set)) {
+        return 0;
+    }
+    using namespace gv::model;
+    // Only the slot ports and as many more as there are channel groups.
+    const int walked = port_count(kPhysicalPorts) + port_count(kChannelGroups);
+    const int limit = walked < max ? walked : max;
+    // A port also counts when the bit `walked` places above its own is set.
+    const auto is_member = [set, walked](int pnum) noexcept {
+        return ps_isset(set, pnum) != 0 || ps_isset(set, pnum + walked) != 0;
+    };
+    // A run never spans the slot ports and the ports beyond them.
+    const auto splits_before = [](int pnum) noexcept {
+        return is_second_port_group(pnum) && !is_second_port_group(pnum - 1);
+    };
+    RunText text(out);
+    return gv::sys::for_each_run(1, limit, is_member, splits_before, [&](Run run) noexcept {
+        text.write(run, [](int pnum) noexcept { return PortText(pnum, slot_port_text); });
+    });
+}
+
+int brset2str(char *out, int max, const uint32_t *set) noexcept {
+    if (nothing_to_walk(out, set)) {
+        return 0;
+    }
+    const int limit = id_limit(max);
+    const auto is_member = id_member(set);
+    const int found =
+        format_runs(out, limit, is_member, [](int id) noexcept { return Decimal(id); });
+    // The walk is closed against the id capacity rather than max: a lone last
+    // member at a max below it is written a second time ("10,10"). Callers
+    // parse this text back and depend on it.
+    if (limit >= 1 && limit < GV_ID_SET_MAX_ID && is_member(limit) &&
+        (limit == 1 || !is_member(limit - 1))) {
+        char *end = out + std::strlen(out);
+        std::snprintf(end, 16, ",%d", limit);
+    }
+    return found;
+}
+
+int vlanset2str(char *out, int max, const uint32_t *set) noexcept {
+    if (nothing_to_walk(out, set)) {
+        return 0;
+    }
+    return format_runs(out, id_limit(max), id_member(set),
+                       [](int id) noexcept { return Decimal(id); });
+}
+
+int vlanset2str2(char *out, int max, const uint32_t *set) noexcept {
+    if (nothing_to_walk(out, set)) {
+        return 0;
+    }
+    // VLAN 1 is the default bridge: written by name, and never part of a run.
+    const auto after_default = [](int id) noexcept { return id == 2; };
+    RunText text(out);
+    return gv::sys::for_each_run(1, id_limit(max), id_member(set), after_default,
+                                 [&](Run run) noexcept { text.write(run, bridge_name); });
+}
+
+int ports_array2str(const uint8_t *array, int max, char *out) noexcept {
+    if (nothing_to_walk(out, array)) {
+        return 0;
+    }
+    RunText text(out);
+    gv::sys::for_each_run(
+        1, max, [array](int index) noexcept { return array[index] != 0; }, gv::sys::kNoSplit,
+        [&](Run run) noexcept {
+            text.write(run, [](int index) noexcept { return Decimal(index); });
+        });
+    return 0;
+}
