@@ -4,6 +4,7 @@
 
 #include "gvutil/ifname.h"
 #include "gvutil/model.h"
+#include "gvutil/onuopt.h"
 #include "gvutil/platform.h"
 #include "gvutil/sys.h"
 
