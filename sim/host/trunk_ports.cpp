@@ -28,12 +28,14 @@ int get_pnum_from_type_b_trunk_pnum(int pnum) {
     if (chassis == nullptr) {
         return pnum;
     }
+    // The logical slot follows the physical and interlink ports; its channel
+    // groups come first.
     const auto &kind = chassis->kind;
-    const int logical = pnum - kind[1] - kind[6]; // number within the logical slot
-    if (pnum > kind[0] || logical <= kind[9]) {
+    const int first_trunk = kind[1] + kind[6] + kind[9] + 1;
+    if (pnum < first_trunk || pnum > kind[0]) {
         return pnum;
     }
-    const int trunk = logical - kind[9];
+    const int trunk = pnum - first_trunk + 1;
     const int working = nth_pon_port(*chassis, 2 * trunk - 1);
     return working != 0 ? working : pnum;
 }

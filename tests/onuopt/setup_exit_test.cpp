@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <sys/sem.h>
 #include <sys/shm.h>
 #include <unistd.h>
@@ -63,12 +64,13 @@ TEST_F(SetUpFailure, PrintsTheSystemErrorAndExitsWithZero) {
         SCOPED_TRACE(c.what);
         remove_store();
         const ChildResult child = in_child([&c] {
+            std::atexit([] { std::fputs("exit handlers ran\n", stderr); });
             c.arrange();
             c.call();
             return 99; // the call came back
         });
         EXPECT_EQ(child.status, 0);
-        EXPECT_EQ(child.err, c.text + ": " + std::strerror(c.error) + "\n");
+        EXPECT_EQ(child.err, c.text + ": " + std::strerror(c.error) + "\nexit handlers ran\n");
     }
 }
 

@@ -1,7 +1,6 @@
 #include "onuopt/store_fixture.h"
 
 #include "onuopt/ipc_spy.h"
-#include "support/ipc_namespace.h"
 
 #include <csignal>
 #include <cstdio>
@@ -11,20 +10,6 @@
 #include <unistd.h>
 
 namespace onutest {
-
-namespace {
-
-// Every test process runs in its own IPC namespace; without one the suite
-// must not touch the system's real store.
-class PrivateIpc : public ::testing::Environment {
-    void SetUp() override {
-        const std::string error = gvtest::enter_private_ipc_namespace();
-        ASSERT_TRUE(error.empty()) << error;
-    }
-};
-const auto *const kPrivateIpc = ::testing::AddGlobalTestEnvironment(new PrivateIpc);
-
-} // namespace
 
 int sem_value() {
     return spy::raw_semctl(semget(GV_OPT_FORMAT_KEY, 1, 0), GETVAL, 0);

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <sys/sem.h>
+#include <unistd.h>
 
 namespace {
 
@@ -48,6 +50,22 @@ TEST(UnattachedStore, EveryOperationRefuses) {
     }
     EXPECT_EQ(gv_opt_format_db_delete_onu(1, 1), 0);
     EXPECT_EQ(gv_opt_format_init_db(), 0);
+}
+
+// Attached but without the semaphore yet: accesses go unlocked rather than
+// through semaphore set 0, which here is another program's and held.
+TEST(UnattachedStore, NoSemaphoreMeansNoLock) {
+    gvtest::ChassisRoot root{"test3"};
+    const int foreign = semget(IPC_PRIVATE, 1, IPC_CREAT | 0600);
+    ASSERT_EQ(foreign, 0) << "the first set of a fresh namespace";
+    ASSERT_EQ(gv_opt_format_attach_shm(gv_opt_format_create_shm()), 0);
+    alarm(10); // a wait on the held set ends the test here
+    EXPECT_EQ(gv_opt_format_set_onu_description(1, 0, "unlocked", 8), 0);
+    char out[128];
+    EXPECT_EQ(gv_opt_format_get_onu_description(1, 0, out), 0);
+    alarm(0);
+    EXPECT_STREQ(out, "unlocked");
+    EXPECT_EQ(semctl(foreign, 0, GETVAL), 0);
 }
 
 } // namespace

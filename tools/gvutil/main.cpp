@@ -27,6 +27,18 @@ constexpr std::array kCommands = {
             run_ifreal},
     Command{"ifconfig", "ifconfig NAMES",
             "running-configuration texts, range line and prompt of internal names", run_ifconfig},
+    Command{"onu-init", "onu-init", "create or attach the ONU option store and initialise it",
+            run_onu_init},
+    Command{"onu-attach", "onu-attach", "create or attach the ONU option store, show its state",
+            run_onu_attach},
+    Command{"onu-set",
+            "onu-set PORT ONU description TEXT | mac XX:XX:XX:XX:XX:XX | unis N | uni U TEXT",
+            "set an option of an ONU (PORT: SLOT/PORT or pnum)", run_onu_set},
+    Command{"onu-show", "onu-show PORT ONU", "the options of an ONU", run_onu_show},
+    Command{"onu-table", "onu-table PORT", "the ONUs of a PON that hold options", run_onu_table},
+    Command{"olt-red", "olt-red MODE MASTER PARTNER",
+            "pair two PONs (1..32) for redundancy; mode 0 unpairs", run_olt_red},
+    Command{"onu-remove", "onu-remove", "remove the store's segment and semaphore", run_onu_remove},
 };
 
 const Command *find_command(const char *name) {
