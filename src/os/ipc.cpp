@@ -1,5 +1,6 @@
 #include "os/ipc.h"
 
+#include <cstdint>
 #include <sys/ipc.h>
 #include <sys/sem.h>
 #include <sys/shm.h>
@@ -25,7 +26,8 @@ int shm_get(key_t key, std::size_t size, int flags) noexcept {
 
 void *shm_attach(int shm_id) noexcept {
     void *address = ::shmat(shm_id, nullptr, 0);
-    return address == reinterpret_cast<void *>(-1) ? nullptr : address;
+    // shmat reports failure as (void *)-1.
+    return reinterpret_cast<std::intptr_t>(address) == -1 ? nullptr : address;
 }
 
 int sem_get(key_t key, int count, int flags) noexcept {

@@ -60,6 +60,7 @@ int raw_semctl(int sem_id, int cmd, int value) {
 
 } // namespace spy
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): libc names them __semid...
 extern "C" int semop(int sem_id, sembuf *ops, size_t count) noexcept {
     spy::LockLog &log = spy::lock_log();
     const bool take = count == 1 && ops[0].sem_op < 0;
@@ -88,6 +89,7 @@ extern "C" int semop(int sem_id, sembuf *ops, size_t count) noexcept {
     return result;
 }
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 extern "C" int semctl(int sem_id, int index, int cmd, ...) noexcept {
     semun arg{};
     if (cmd != IPC_RMID && cmd != GETVAL && cmd != GETPID && cmd != GETNCNT && cmd != GETZCNT) {

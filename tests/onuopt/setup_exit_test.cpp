@@ -43,13 +43,13 @@ TEST_F(SetUpFailure, PrintsTheSystemErrorAndExitsWithZero) {
     };
     const Case cases[] = {
         {"segment exists with another size",
-         [] { shmget(GV_OPT_FORMAT_KEY, 4096, IPC_CREAT | 0666); },
+         [] { (void)shmget(GV_OPT_FORMAT_KEY, 4096, IPC_CREAT | 0666); },
          [] { gv_opt_format_create_shm(); }, "shmget failed : ", EINVAL},
         {"no such segment", [] {}, [] { gv_opt_format_attach_shm(-1); },
          " SHARED MEMORY : shmat failed !!!\n", EINVAL},
         {"semaphore set of another owner",
          [] {
-             semget(GV_OPT_FORMAT_KEY, 1, IPC_CREAT | 0600);
+             (void)semget(GV_OPT_FORMAT_KEY, 1, IPC_CREAT | 0600);
              if (setuid(65534) != 0) {
                  _exit(92);
              }

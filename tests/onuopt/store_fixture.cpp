@@ -3,6 +3,7 @@
 #include "onuopt/ipc_spy.h"
 
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <sys/sem.h>
 #include <sys/shm.h>
@@ -66,7 +67,7 @@ void Store::SetUp() {
     ASSERT_EQ(gv_opt_format_create_sem(), 0);
     ASSERT_EQ(gv_opt_format_init_db(), 0);
     void *address = shmat(shm_id, nullptr, 0);
-    ASSERT_NE(address, reinterpret_cast<void *>(-1));
+    ASSERT_NE(reinterpret_cast<std::intptr_t>(address), -1);
     view = static_cast<unsigned char *>(address);
     spy::lock_log() = {};
 }

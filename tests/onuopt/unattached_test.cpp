@@ -16,33 +16,18 @@ TEST(UnattachedStore, EveryOperationRefuses) {
     char text[128] = {};
     uint8_t addr[8] = {1, 2, 3, 4, 5, 6, 7, 8};
     int value = 0;
-    opt_format_onu_t info{};
-    pon_red_info_t red{};
+    // One call of each kind of access: global, per PON, pairing, per ONU, by address.
     const std::function<int()> calls[] = {
         [] { return gv_opt_format_set_min_onu_id(0); },
         [] { return gv_opt_format_get_min_onu_id(); },
-        [] { return gv_opt_format_set_onu_display_sn(1); },
         [] { return gv_opt_format_get_onu_display_sn(); },
         [&] { return gv_opt_format_get_onu_display_sn_str(addr, text, sizeof text); },
         [] { return gv_opt_format_set_pon_module_pn(1, "PN"); },
-        [&] { return gv_opt_format_get_pon_module_pn(1, text); },
-        [] { return gv_opt_format_set_pon_red_info(1, 1, 2, 3, 4, 5); },
-        [&] { return gv_opt_format_get_pon_red_info(1, &red); },
         [] { return gv_opt_format_set_olt_red(1, 1, 2); },
         [] { return gv_opt_format_get_olt_red_master_id(1); },
-        [&] { return gv_opt_format_set_onu_info(1, 1, &info); },
-        [&] { return gv_opt_format_get_onu_info(1, 1, &info); },
         [] { return gv_opt_format_set_onu_description(1, 1, "x", 1); },
-        [&] { return gv_opt_format_get_onu_description(1, 1, text); },
-        [&] { return gv_opt_format_set_onu_mac_address(1, 1, addr); },
-        [&] { return gv_opt_format_get_onu_mac_address(1, 1, addr); },
-        [] { return gv_opt_format_set_onu_num_of_uni(1, 1, 1); },
         [&] { return gv_opt_format_get_onu_num_of_uni(1, 1, &value); },
-        [&] { return gv_opt_format_get_onu_learning_method(1, 1, &value); },
-        [] { return gv_opt_format_set_onu_uni_description(1, 1, 0, 0, "x"); },
-        [&] { return gv_opt_format_get_onu_uni_description(1, 1, 0, 0, text); },
         [&] { return gv_opt_format_get_onu_id(1, addr, &value); },
-        [&] { return gv_opt_format_get_onu_description_by_mac(1, addr, text); },
     };
     int index = 0;
     for (const auto &call : calls) {
