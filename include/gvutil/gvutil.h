@@ -5,6 +5,7 @@
 #include "gvutil/cli.h"
 #include "gvutil/ifname.h"
 #include "gvutil/model.h"
+#include "gvutil/onuopt.h"
 #include "gvutil/platform.h"
 #include "gvutil/settext.h"
 #include "gvutil/sys.h"

@@ -26,6 +26,13 @@ int run_ports(Args args);
 int run_portset(Args args);
 int run_slots(Args args);
 int run_vlans(Args args);
+int run_onu_init(Args args);
+int run_onu_attach(Args args);
+int run_onu_set(Args args);
+int run_onu_show(Args args);
+int run_onu_table(Args args);
+int run_olt_red(Args args);
+int run_onu_remove(Args args);
 
 // Prints "usage: gvutil <usage>" for a command and answers 2.
 int usage_error(const char *name);

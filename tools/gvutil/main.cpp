@@ -32,6 +32,18 @@ constexpr std::array kCommands = {
             run_portset},
     Command{"slots", "slots LIST", "a slot list as the shell reads it (1,2-4)", run_slots},
     Command{"vlans", "vlans LIST", "a VLAN list (1-3,10) and its bridge texts", run_vlans},
+    Command{"onu-init", "onu-init", "create or attach the ONU option store and initialise it",
+            run_onu_init},
+    Command{"onu-attach", "onu-attach", "create or attach the ONU option store, show its state",
+            run_onu_attach},
+    Command{"onu-set",
+            "onu-set PORT ONU description TEXT | mac XX:XX:XX:XX:XX:XX | unis N | uni U TEXT",
+            "set an option of an ONU (PORT: SLOT/PORT or pnum)", run_onu_set},
+    Command{"onu-show", "onu-show PORT ONU", "the options of an ONU", run_onu_show},
+    Command{"onu-table", "onu-table PORT", "the ONUs of a PON that hold options", run_onu_table},
+    Command{"olt-red", "olt-red MODE MASTER PARTNER",
+            "pair two PONs (1..32) for redundancy; mode 0 unpairs", run_olt_red},
+    Command{"onu-remove", "onu-remove", "remove the store's segment and semaphore", run_onu_remove},
 };
 
 const Command *find_command(const char *name) {

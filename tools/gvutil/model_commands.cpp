@@ -1,11 +1,11 @@
 // map, pnum and slotport: the chassis' numbering as the library sees it.
 #include "commands.h"
+#include "port_arg.h"
 
 #include "gvutil/model.h"
 #include "gvutil/sys.h"
 
 #include <cstdio>
-#include <cstring>
 
 namespace gvtool {
 
@@ -103,19 +103,9 @@ int run_pnum(Args args) {
 }
 
 int run_slotport(Args args) {
-    const char *slash = args.size() == 1 ? std::strchr(args[0], '/') : nullptr;
-    if (slash == nullptr) {
-        return usage_error("slotport");
-    }
-    char slot_text[16] = {};
-    const auto slot_length = static_cast<std::size_t>(slash - args[0]);
-    if (slot_length >= sizeof slot_text) {
-        return usage_error("slotport");
-    }
-    std::memcpy(slot_text, args[0], slot_length);
-    const int user_slot = stoi(slot_text);
-    const int port = stoi(slash + 1);
-    if (user_slot < 0 || port < 0) {
+    int user_slot = 0;
+    int port = 0;
+    if (args.size() != 1 || !parse_slot_port(args[0], user_slot, port)) {
         return usage_error("slotport");
     }
     const int slot = get_real_slot_by_user_slot(user_slot);

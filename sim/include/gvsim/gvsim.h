@@ -8,6 +8,7 @@
  *   getModel()                       model code of the root's description, -1 without one
  *   gv_hal_get_port_number_per_slot  ports of a real slot 1..slot count, else 0
  *   gv_board_is_K7400A_SFU()         1 when the board identity is "K7400A_SFU"
+ *   get_pnum_from_type_b_trunk_pnum  the working PON port behind a type-b trunk, see below
  *   redctrl_get_boardid()            which switch-fabric unit this board is (1 or 2), 0 without one
  *   redctrl_is_mate_detected()       1 when the other switch-fabric unit is fitted
  *
@@ -65,6 +66,18 @@
  *                       or CG1..CGn for the chassis' channel groups. A slotless
  *                       box names its front-panel ports slot 1, port = pnum
  *                       (GPON1/1, GE1/17 on the K3100X).
+ *
+ * Type-b trunks (get_pnum_from_type_b_trunk_pnum)
+ *   The logical slot (pnums after the interlink ports) holds the channel
+ *   groups first, then the trunk ports; a trunk port is a type-b trunk, a PON
+ *   protection pair. Trunk k (the k-th logical port after the channel groups,
+ *   from 1) pairs the (2k-1)-th and 2k-th PON ports of the chassis, counted in
+ *   pnum order over EPON, 10G-EPON, GPON, XGS-PON and NG-PON ports; the
+ *   service answers the pnum of the first, working, member: an ordinary pnum.
+ *   Every other pnum (physical, interlink, channel group, beyond the chassis,
+ *   or a trunk with no working PON port) answers itself, and so does every
+ *   pnum without a chassis root. On test3 (8 GPON in slot 1, 8 EPON in slot 2,
+ *   8 channel groups) trunk pnums 43..48 answer 1, 3, 5, 7, 9 and 11.
  */
 #ifndef GVSIM_H
 #define GVSIM_H
