@@ -1,6 +1,6 @@
 /*
  * CLI tokens and output: the text forms of port numbers, and the parsers of
- * the slot and port tokens an operator types. Parsers print their operator
+ * the slot, port and value tokens an operator types. Parsers print their operator
  * messages through the shell's output context (struct cli_ctx, platform.h);
  * a NULL context checks quietly.
  */
@@ -98,6 +98,61 @@ GVUTIL_API int get_pon_port_list_not_cli_input(const char *text, uint32_t *out, 
 /* Kept for its callers; answers no ports. */
 GVUTIL_API int get_port_list_simple(const char *text, uint32_t *out, int max,
                                     struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+
+/* ---- Value tokens ------------------------------------------------------ */
+
+/* GEM ports first..last inclusive of one mapper. */
+typedef struct mapper_gem_range {
+    uint16_t mapper;
+    uint8_t first_gem;
+    uint8_t last_gem;
+} mapper_gem_range;
+
+/* A MAC address as get_mac_token stores it: its twelve hexadecimal digits
+ * as typed, without separators and without a terminator. */
+#define GV_MAC_TOKEN_SIZE 12
+/* The module bitmap of get_gid_list (288 bits); cleared by every call. */
+#define GV_GID_ARRAY_WORDS 9
+GVUTIL_API extern uint32_t g_array[GV_GID_ARRAY_WORDS];
+
+/* VLAN ids 1..4094: a list, "brN" or "default". 0 on any error but an id
+ * above 4094 alone, which is skipped. br1 is refused. */
+GVUTIL_API int get_vid_token(const char *text, value_range *out,
+                             struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* get_vid_token's ids one by one (duplicates kept); answers how many. */
+GVUTIL_API int get_br_list(const char *text, uint16_t *out, struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* ONU ids from the store's smallest ONU id to max; bad items are skipped. */
+GVUTIL_API int get_onu_token(const char *text, value_range *out, int max,
+                             struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_onu_list(const char *text, uint8_t *out, int max,
+                            struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* As get_port_token, with their own messages; a class of service may be 0. */
+GVUTIL_API int get_range_token(const char *text, value_range *out, int max,
+                               struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_cos_token(const char *text, value_range *out, int max,
+                             struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* As get_pon_port_token: the first bad item gives 0. */
+GVUTIL_API int get_vrid_token(const char *text, value_range *out, int max,
+                              struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_interface_token(const char *text, value_range *out, int max,
+                                   struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* Group ids 0..limit-1 (limit at most 288), ascending and each once. The
+ * text is cut in place at its commas; a NULL text, out or ctx gives 0. */
+GVUTIL_API int get_gid_list(char *text, uint32_t *out, int limit,
+                            struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* GV_MAC_TOKEN_SIZE bytes an address; the first bad address gives 0. */
+GVUTIL_API int get_mac_token(const char *text, char *out, struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* M/G, M/G-M2/G2 and M/G-G2 items, mappers 1..32, GEM ports 1..per. */
+GVUTIL_API int get_mapper_gemport_token(const char *text, mapper_gem_range *out, uint32_t *errs,
+                                        int per, struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* GEM indexes port + per * (mapper - 1), each once; 0 on any error. */
+GVUTIL_API int get_mapper_gemport(const char *text, uint32_t *out, int max, int per,
+                                  struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* The trunk distribution index of an operator's keyword ("srcmac"), or -1. */
+GVUTIL_API int trunk_tag_to_index(const char *keyword) GVUTIL_NOEXCEPT;
+/* "%d/%d/%d" text of an ONT number 1..1024 (1/1/1 .. 4/4/64), else
+ * "Invalid ONTID"; answers the length written. */
+GVUTIL_API int convert_int_ontid_to_str_ontid(uint32_t ontid, char *dest) GVUTIL_NOEXCEPT;
 
 GVUTIL_END_DECLS
 

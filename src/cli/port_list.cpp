@@ -7,28 +7,16 @@
 #include "sys/operator_message.h"
 
 #include <array>
-#include <span>
 
 namespace {
 
 using gv::cli::RangeSink;
 using gv::sys::say;
 
-// Earlier entries up to the first zero one.
-bool already_listed(const uint32_t *out, int written, uint32_t pnum) noexcept {
-    for (int i = 0; i < written && out[i] != 0; ++i) {
-        if (out[i] == pnum) {
-            return true;
-        }
-    }
-    return false;
-}
-
 int list_without_slots(const char *text, uint32_t *out, int max, const cli_ctx *ctx) noexcept {
-    std::array<value_range, gv::cli::kLocalRanges> ranges;
-    RangeSink<value_range> sink(ranges.data(), ranges.size());
-    const int count = gv::cli::parse_values(text, sink, max, ctx, gv::cli::kPortWords);
-    return gv::cli::expand_ranges(std::span(ranges.data(), static_cast<std::size_t>(count)), out);
+    return gv::cli::list_every_value(out, [&](RangeSink<value_range> &sink) noexcept {
+        return gv::cli::parse_values(text, sink, max, ctx, gv::cli::kPortWords);
+    });
 }
 
 } // namespace
@@ -56,7 +44,7 @@ int get_port_list(const char *text, uint32_t *out, int max, cli_ctx *ctx) noexce
                 return 0;
             }
             // Each pnum once, in the order first seen.
-            if (!already_listed(out, written, static_cast<uint32_t>(pnum))) {
+            if (!gv::cli::listed_before(out, written, static_cast<uint32_t>(pnum))) {
                 out[written++] = static_cast<uint32_t>(pnum);
             }
         }

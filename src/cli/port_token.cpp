@@ -4,35 +4,12 @@
 #include "gvutil/cli.h"
 #include "gvutil/platform.h"
 
-#include <array>
-#include <span>
-
 using gv::cli::RangeSink;
-
-namespace gv::cli {
-
-int expand_ranges(std::span<const value_range> ranges, uint32_t *out) noexcept {
-    int written = 0;
-    for (const value_range &range : ranges) {
-        for (int value = range.low; value <= range.high; ++value) {
-            out[written++] = static_cast<uint32_t>(value);
-        }
-    }
-    return written;
-}
-
-} // namespace gv::cli
 
 namespace {
 
-using Parser = int (*)(std::string_view, RangeSink<value_range> &, int, const cli_ctx *,
-                       const gv::cli::ValueWords &) noexcept;
-
-int parse_into(const char *text, value_range *out, int max, const cli_ctx *ctx,
-               Parser parser) noexcept {
-    RangeSink<value_range> sink(out, RangeSink<value_range>::kUnbounded);
-    return text != nullptr ? parser(text, sink, max, ctx, gv::cli::kPortWords) : 0;
-}
+using gv::cli::kPortWords;
+using Parser = gv::cli::ValueParser;
 
 // Every value of every range, low to high and in order, duplicates kept.
 int list_values(const char *text, uint32_t *out, int max, const cli_ctx *ctx,
@@ -40,10 +17,9 @@ int list_values(const char *text, uint32_t *out, int max, const cli_ctx *ctx,
     if (text == nullptr || out == nullptr) {
         return 0;
     }
-    std::array<value_range, gv::cli::kLocalRanges> ranges;
-    RangeSink<value_range> sink(ranges.data(), ranges.size());
-    const int count = parser(text, sink, max, ctx, gv::cli::kPortWords);
-    return gv::cli::expand_ranges(std::span(ranges.data(), static_cast<std::size_t>(count)), out);
+    return gv::cli::list_every_value(out, [&](RangeSink<value_range> &sink) noexcept {
+        return parser(text, sink, max, ctx, kPortWords);
+    });
 }
 
 // The model code get_port_list_simple keeps; all ones until first asked.
@@ -52,11 +28,12 @@ uint32_t cached_model = 0xFFFFFFFFu;
 } // namespace
 
 int get_port_token(const char *text, value_range *out, int max, cli_ctx *ctx) noexcept {
-    return parse_into(text, out, max, ctx, gv::cli::parse_values);
+    return gv::cli::parse_value_token(text, out, max, ctx, gv::cli::parse_values, kPortWords);
 }
 
 int get_pon_port_token(const char *text, value_range *out, int max, cli_ctx *ctx) noexcept {
-    return parse_into(text, out, max, ctx, gv::cli::parse_values_strictly);
+    return gv::cli::parse_value_token(text, out, max, ctx, gv::cli::parse_values_strictly,
+                                      kPortWords);
 }
 
 int get_uni_port_list(const char *text, uint32_t *out, int max, cli_ctx *ctx) noexcept {

@@ -9,18 +9,14 @@
 #include "sys/operator_message.h"
 #include "sys/scan.h"
 #include "sys/text_builder.h"
+#include "sys/work_buffer.h"
 
-#include <cstdlib>
 #include <cstring>
 
 namespace {
 
 using gv::sys::ItemText;
 using gv::sys::say;
-
-// The whole list is copied into a zeroed heap buffer of this size, so the
-// shell's longest lists fit; longer text is cut there.
-constexpr std::size_t kSlotListBuffer = 10240;
 
 // The highest slot number the equipment manager shows; 0 before it has
 // published its record.
@@ -98,17 +94,16 @@ int get_slot_token(const char *text, value_range *out, cli_ctx *ctx) noexcept {
     if (text == nullptr || out == nullptr) {
         return 0;
     }
-    char *list = static_cast<char *>(std::calloc(kSlotListBuffer, 1));
-    if (list == nullptr) {
+    gv::sys::WorkBuffer list;
+    if (!list.ok()) {
         return 0;
     }
-    std::strncpy(list, text, kSlotListBuffer - 1);
     int count = 0;
     // Any bad item discards the whole list.
-    const bool whole = gv::sys::for_each_element(list, [&](std::string_view piece) noexcept {
-        return read_slot_item(piece, out[count++], ctx);
-    });
-    std::free(list);
+    const bool whole =
+        gv::sys::for_each_element(list.copy(text), [&](std::string_view piece) noexcept {
+            return read_slot_item(piece, out[count++], ctx);
+        });
     return whole ? count : 0;
 }
 

@@ -31,8 +31,10 @@ Ends read_ends(std::string_view item) noexcept {
 // A range item of the lenient list: reported and dropped, or kept.
 void add_range(const ItemText &item, Ends ends, RangeSink<value_range> &out, int max,
                const cli_ctx *ctx, const ValueWords &words) noexcept {
-    if (ends.low <= 0 || ends.high <= 0) {
-        say(ctx, words.invalid_range, item.c_str(), max, kNewline);
+    if (ends.low < words.lowest || ends.high < words.lowest) {
+        const char *format =
+            words.end_below_lowest != nullptr ? words.end_below_lowest : words.invalid_range;
+        say(ctx, format, item.c_str(), max, kNewline);
         return;
     }
     if (ctx != nullptr && ends.low >= ends.high) {
@@ -63,7 +65,7 @@ int parse_values(std::string_view text, RangeSink<value_range> &out, int max, co
         }
         if (!sys::contains(piece, '-')) {
             const int value = stoi(item.c_str());
-            if (value <= 0 && ctx != nullptr) {
+            if (value < words.lowest && ctx != nullptr) {
                 say(ctx, words.invalid_value, item.c_str(), kNewline);
             } else if (value <= max || ctx == nullptr) {
                 out.add(make_range(value, value));
@@ -117,6 +119,12 @@ int parse_values_strictly(std::string_view text, RangeSink<value_range> &out, in
         return true;
     });
     return whole ? out.count() : 0;
+}
+
+int parse_value_token(const char *text, value_range *out, int max, const cli_ctx *ctx,
+                      ValueParser parser, const ValueWords &words) noexcept {
+    RangeSink<value_range> sink(out, RangeSink<value_range>::kUnbounded);
+    return text != nullptr ? parser(text, sink, max, ctx, words) : 0;
 }
 
 } // namespace gv::cli

@@ -4,6 +4,7 @@
 # tool's command line up to the subcommand (emulator and --root included).
 exec unshare --ipc sh -ec '
     "$@" onu-init
+    "$@" onus 0,3-9 8
     "$@" onu-set 1/3 5 description lobby
     "$@" onu-set 1/3 5 mac 00:1b:2c:3d:4e:5f
     "$@" onu-set 1/3 5 unis 4

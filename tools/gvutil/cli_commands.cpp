@@ -1,7 +1,8 @@
-// ports, portset, slots and vlans: lists parsed as the shell parses them
+// ports, portset and slots: lists parsed as the shell parses them
 // (its operator messages printed as the operator would see them) and the
 // resulting set printed back as range text and as numbers.
 #include "commands.h"
+#include "list_output.h"
 
 #include "gvutil/cli.h"
 #include "gvutil/model.h"
@@ -9,55 +10,12 @@
 #include "gvutil/settext.h"
 
 #include <array>
-#include <cstdarg>
 #include <cstdio>
-#include <set>
 #include <vector>
 
 namespace gvtool {
 
 namespace {
-
-constexpr int kVlanMax = 4094;
-
-// The shell's output context, printing to standard output.
-int print_out(void *, const char *format, ...) {
-    va_list args;
-    va_start(args, format);
-    const int n = std::vprintf(format, args);
-    va_end(args);
-    return n;
-}
-
-cli_ctx shell_output() {
-    return cli_ctx{print_out, nullptr};
-}
-
-// At most this many numbers are listed one by one.
-constexpr std::size_t kListedNumbers = 48;
-
-void print_numbers(const char *label, const std::vector<uint32_t> &numbers) {
-    std::printf("%-12s", label);
-    for (std::size_t i = 0; i < numbers.size() && i < kListedNumbers; ++i) {
-        std::printf(" %u", numbers[i]);
-    }
-    if (numbers.size() > kListedNumbers) {
-        std::printf(" ... (%zu in all)", numbers.size());
-    }
-    std::printf(numbers.empty() ? " (none)\n" : "\n");
-}
-
-// The values the ranges name, ascending, each once.
-std::vector<uint32_t> values_of(const std::vector<value_range> &ranges, int count) {
-    std::set<uint32_t> values;
-    for (int i = 0; i < count; ++i) {
-        const value_range &range = ranges[static_cast<std::size_t>(i)];
-        for (uint32_t value = range.low; value <= range.high; ++value) {
-            values.insert(value);
-        }
-    }
-    return {values.begin(), values.end()};
-}
 
 // A set's text in every form the library prints a port set.
 void print_port_set(const std::vector<uint32_t> &pnums) {
@@ -146,27 +104,6 @@ int run_slots(Args args) {
     ports_array2str(slots.data(), static_cast<int>(slots.size()) - 1, text);
     print_numbers("slots", numbers);
     std::printf("%-12s %s\n", "text", text);
-    return count > 0 ? 0 : 1;
-}
-
-int run_vlans(Args args) {
-    if (args.size() != 1) {
-        return usage_error("vlans");
-    }
-    cli_ctx out = shell_output();
-    std::vector<value_range> ranges(4096);
-    const int count = get_port_token(args[0], ranges.data(), kVlanMax, &out);
-    const std::vector<uint32_t> ids = values_of(ranges, count);
-    std::array<uint32_t, GV_ID_SET_WORDS> set{};
-    for (uint32_t id : ids) {
-        ::set(set.data(), static_cast<int>(id) - 1);
-    }
-    std::vector<char> text(40000);
-    print_numbers("ids", ids);
-    vlanset2str(text.data(), kVlanMax, set.data());
-    std::printf("%-12s %s\n", "vlans", text.data());
-    vlanset2str2(text.data(), kVlanMax, set.data());
-    std::printf("%-12s %s\n", "bridges", text.data());
     return count > 0 ? 0 : 1;
 }
 
