@@ -128,18 +128,58 @@ TEST(RoundTrip, PortTextReadsBackAsTheSamePorts) {
     }
 }
 
+std::set<uint32_t> vlan_list_members(const std::string &text) {
+    gvtest::CliCapture capture;
+    std::vector<uint16_t> out(4096);
+    const int count = get_br_list(text.c_str(), out.data(), capture.ctx());
+    EXPECT_EQ(capture.text(), "") << text;
+    return {out.begin(), out.begin() + count};
+}
+
+std::set<uint32_t> range_token_members(const std::string &text) {
+    std::vector<value_range> out(64);
+    const int count = get_range_token(text.c_str(), out.data(), 4094, nullptr);
+    std::set<uint32_t> members;
+    for (int i = 0; i < count; ++i) {
+        for (uint32_t v = out[static_cast<std::size_t>(i)].low;
+             v <= out[static_cast<std::size_t>(i)].high; ++v) {
+            members.insert(v);
+        }
+    }
+    return members;
+}
+
 TEST(RoundTrip, IdTextsReadBackAsTheSameIds) {
     for (const std::vector<uint16_t> &ids : std::vector<std::vector<uint16_t>>{
              {1, 2, 3, 7}, {5}, {1}, {4092, 4093, 4094}, {10, 12, 14, 15, 16}}) {
         const std::set<uint32_t> members(ids.begin(), ids.end());
         std::vector<uint16_t> vlans = ids;
-        EXPECT_EQ(id_list_members(get_br_list_br, build(get_br_str, vlans)), members);
+        const std::string vlan_text = build(get_br_str, vlans);
+        EXPECT_EQ(vlan_list_members(vlan_text), members) << vlan_text;
+        EXPECT_EQ(id_list_members(get_br_list_br, vlan_text), members) << vlan_text;
         std::vector<int> ints(ids.begin(), ids.end());
-        EXPECT_EQ(id_list_members(get_id_list, build(get_int_list_str, ints)), members);
+        const std::string int_text = build(get_int_list_str, ints);
+        EXPECT_EQ(range_token_members(int_text), members) << int_text;
+        EXPECT_EQ(id_list_members(get_id_list, int_text), members) << int_text;
         if (ids.back() < 256) {
             std::vector<uint8_t> onus(ids.begin(), ids.end());
             EXPECT_EQ(id_list_members(get_id_list, build(get_onu_str, onus)), members);
         }
+    }
+}
+
+TEST(RoundTrip, GemPortTextReadsBackAsTheSameIndexes) {
+    for (const std::vector<uint32_t> &indexes : std::vector<std::vector<uint32_t>>{
+             {7, 8, 9, 10}, {1}, {8, 16, 24}, {3, 4, 5, 6, 7, 8, 9, 250}}) {
+        std::vector<uint32_t> list = indexes;
+        char text[256];
+        get_gemport_str(list.data(), static_cast<int>(list.size()), text, 8);
+        gvtest::CliCapture capture;
+        std::vector<uint32_t> out(256);
+        const int count = get_mapper_gemport(text, out.data(), 256, 8, capture.ctx());
+        EXPECT_EQ(std::set<uint32_t>(out.begin(), out.begin() + count),
+                  std::set<uint32_t>(indexes.begin(), indexes.end()))
+            << text << capture.text();
     }
 }
 
