@@ -10,6 +10,7 @@
 #include <stdint.h>
 
 #include "gvutil/export.h"
+#include "gvutil/model.h"
 
 GVUTIL_BEGIN_DECLS
 
@@ -153,6 +154,83 @@ GVUTIL_API int trunk_tag_to_index(const char *keyword) GVUTIL_NOEXCEPT;
 /* "%d/%d/%d" text of an ONT number 1..1024 (1/1/1 .. 4/4/64), else
  * "Invalid ONTID"; answers the length written. */
 GVUTIL_API int convert_int_ontid_to_str_ontid(uint32_t ontid, char *dest) GVUTIL_NOEXCEPT;
+
+/* ---- Command string builders ------------------------------------------ */
+
+/* Lists written back as the text an operator types: runs of consecutive
+ * members as first-last, joined by ",". The destination is the caller's and
+ * is not bounded; each builder answers the length of its text (0 and the
+ * empty text for an empty list). */
+GVUTIL_API int get_int_list_str(int *list, int count, char *dest) GVUTIL_NOEXCEPT;
+/* Port texts of pnums ("GE1/1-GE1/4,GE2/3"); the list is sorted in place. */
+GVUTIL_API int get_port_str(uint32_t *list, int count, char *dest) GVUTIL_NOEXCEPT;
+/* The same in the caller's order, unsorted. */
+GVUTIL_API int get_arragne_str(const uint32_t *list, int count, char *dest) GVUTIL_NOEXCEPT;
+/* One id as "default" or "br<id>"; more as bare runs ("1-3,7"), unsorted. */
+GVUTIL_API int get_br_str(const uint16_t *ids, int count, char *dest) GVUTIL_NOEXCEPT;
+/* GEM indexes as "mapper/port" runs that never cross a mapper; sorted in place. */
+GVUTIL_API int get_gemport_str(uint32_t *list, int count, char *dest, int per) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_onu_str(uint8_t *ids, int count, char *dest) GVUTIL_NOEXCEPT;
+/* Prints the port texts of pnums (sorted in place) through the context. */
+GVUTIL_API void pr_cli_str(int *list, int count, struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+
+/* One run "first," or "first-last," written at dest; answer its length. */
+GVUTIL_API int get_cmd_string(const uint32_t *first, const uint32_t *last,
+                              char *dest) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_cmd_gemport_string(const uint32_t *first, const uint32_t *last, char *dest,
+                                      int per) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_onu_cmd_string(const uint8_t *first, const uint8_t *last,
+                                  char *dest) GVUTIL_NOEXCEPT;
+
+/* Grouped configuration commands: entries sharing a value print as one
+ * line. Each answers the number of lines; entries are marked as consumed. */
+GVUTIL_API int get_br_info_cmds(br_info_t *pairs, int count, const char *word, const char *option,
+                                const char *tail, struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+GVUTIL_API int get_info_port_cmds(port_info_t *entries, int count, const char *word,
+                                  const char *option, const char *tail,
+                                  struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* As get_info_port_cmds with the port text first; value -1 means none. */
+GVUTIL_API int get_port_info_cmds(port_info_t *entries, int count, const char *word,
+                                  const char *option, const char *tail,
+                                  struct cli_ctx *handle) GVUTIL_NOEXCEPT;
+
+/* A VLAN of a port with its value; port 255 marks a consumed entry. */
+typedef struct vp_info {
+    uint16_t br_id;
+    uint8_t port;
+    uint8_t spare;
+    uint16_t value;
+} vp_info_t;
+
+#define GV_PVSI_TEXT_SIZE 257
+#define GV_PVSI_GROUPS 256
+#define GV_PVSI_TAKEN 255
+/* The value get_vp_info_cmds leaves out of its lines. */
+#define GV_PVSI_NO_VALUE 65531
+
+/* The VLANs of one port that share a value, as VLAN text. */
+typedef struct pvsi_info {
+    uint8_t port;
+    char br_text[GV_PVSI_TEXT_SIZE];
+    uint16_t value;
+} pvsi_info_t;
+
+GVUTIL_API int get_vp_info_cmds(vp_info_t *entries, int count, const char *word, const char *option,
+                                const char *tail, struct cli_ctx *ctx) GVUTIL_NOEXCEPT;
+/* Takes the ports of the next set of groups with the same value and VLAN
+ * text into out (at most count); current receives that value and text.
+ * Answers how many; 0 when every group is taken. */
+GVUTIL_API int select_port_from_pvsi(pvsi_info_t *groups, int count, uint32_t *out,
+                                     pvsi_info_t *current) GVUTIL_NOEXCEPT;
+
+/* "S/P" and "S/P-S2/P2" items into one range per slot: the number of
+ * ranges, or -1 after "% Invalid range." for a bad item. */
+GVUTIL_API int parse_slotif_range_string(struct cli_ctx *ctx, const char *text,
+                                         slot_port_range *out) GVUTIL_NOEXCEPT;
+/* "GE105" gives slot 1, port 5: 0; -1 for a NULL or empty name, -2 for a
+ * name that is not FE or GE and digits. */
+GVUTIL_API int get_slot_port_from_interface_name(const char *name,
+                                                 slot_port_pair *out) GVUTIL_NOEXCEPT;
 
 GVUTIL_END_DECLS
 

@@ -7,6 +7,7 @@
 #include "gvutil/model.h"
 #include "gvutil/onuopt.h"
 #include "gvutil/platform.h"
+#include "gvutil/range.h"
 #include "gvutil/settext.h"
 #include "gvutil/sys.h"
 

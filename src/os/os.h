@@ -43,4 +43,12 @@ bool write_all(int fd, std::string_view text) noexcept;
 // PATH; a line that cannot be re-rooted whole is not run (-1).
 int run_command(const char *command) noexcept;
 
+// Heap blocks the library owns for a while (range nodes, zeroed work
+// buffers, the VLAN group table). On the chassis these are malloc, calloc
+// and free; a host build takes them from the host chassis' heap, which
+// counts them and can be told to refuse, so every failure path is exercised.
+void *heap_alloc(std::size_t size) noexcept;
+void *heap_alloc_zeroed(std::size_t size) noexcept;
+void heap_free(void *block) noexcept;
+
 } // namespace gv::os

@@ -5,6 +5,7 @@
 #include "gvutil/settext.h"
 #include "model/model_record.h"
 #include "sys/items.h"
+#include "sys/member_text.h"
 #include "sys/runs.h"
 
 #include <cstdio>
@@ -13,7 +14,9 @@
 
 namespace {
 
+using gv::sys::bridge_name;
 using gv::sys::Decimal;
+using PortText = gv::sys::ConvertedText;
 using gv::sys::Run;
 using gv::sys::RunText;
 
@@ -42,18 +45,6 @@ auto id_member(const uint32_t *set) noexcept {
     return [set](int id) noexcept { return id <= GV_ID_SET_MAX_ID && chk(set, id - 1) != 0; };
 }
 
-// Port text of one pnum, in a buffer that lives as long as the value.
-class PortText {
-  public:
-    PortText(int pnum, char *(*convert)(int, char *, int)) noexcept {
-        convert(pnum, text_, sizeof text_);
-    }
-    operator std::string_view() const noexcept { return text_; }
-
-  private:
-    char text_[64];
-};
-
 char *slot_port_text(int pnum, char *dest, int) noexcept {
     // A pnum the legacy form does not name leaves the text empty.
     dest[0] = '\0';
@@ -71,14 +62,6 @@ int format_runs(char *out, int limit, IsMember is_member, MemberText member_text
     RunText text(out);
     return gv::sys::for_each_run(1, limit, is_member, gv::sys::kNoSplit,
                                  [&](Run run) noexcept { text.write(run, member_text); });
-}
-
-gv::sys::FixedText<16> bridge_name(int id) noexcept {
-    gv::sys::FixedText<16> name(id == 1 ? "default" : "br");
-    if (id != 1) {
-        name.append(Decimal(id));
-    }
-    return name;
 }
 
 // Beyond the physical slot ports: the channel-group ports.

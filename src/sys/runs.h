@@ -7,6 +7,7 @@
 #include "sys/text_builder.h"
 
 #include <cstddef>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -87,7 +88,7 @@ int for_each_list_run(std::span<const T> values, Joins joins, Emit emit) noexcep
 }
 
 inline constexpr auto kConsecutive = [](int previous, int value) noexcept {
-    return value == previous + 1;
+    return previous != std::numeric_limits<int>::max() && value == previous + 1;
 };
 
 // Range text in a caller's buffer: runs joined by ",", a run of two or more

@@ -1,15 +1,16 @@
 #include "sys/work_buffer.h"
 
-#include <cstdlib>
+#include "os/os.h"
+
 #include <cstring>
 
 namespace gv::sys {
 
 WorkBuffer::WorkBuffer(std::size_t size) noexcept
-    : data_(static_cast<char *>(std::calloc(size, 1))), size_(data_ != nullptr ? size : 0) {}
+    : data_(static_cast<char *>(os::heap_alloc_zeroed(size))), size_(data_ != nullptr ? size : 0) {}
 
 WorkBuffer::~WorkBuffer() {
-    std::free(data_);
+    os::heap_free(data_);
 }
 
 std::string_view WorkBuffer::copy(const char *text) noexcept {

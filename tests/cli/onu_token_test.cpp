@@ -74,4 +74,19 @@ TEST_F(OnuToken, ListsKeepEachIdInOneByte) {
     EXPECT_EQ(capture.text(), "");
 }
 
+// ONU ids written back by the command builder read back as the same ids.
+TEST_F(OnuToken, BuiltOnuTextReadsBack) {
+    for (const std::vector<uint8_t> &ids : std::vector<std::vector<uint8_t>>{
+             {5, 1, 2, 3}, {128}, {1, 3, 5, 7}, {100, 101, 102, 127, 128}}) {
+        std::vector<uint8_t> sorted = ids;
+        char text[256];
+        get_onu_str(sorted.data(), static_cast<int>(sorted.size()), text);
+        CliCapture capture;
+        std::vector<uint8_t> out(256);
+        const int count = get_onu_list(text, out.data(), 128, capture.ctx());
+        EXPECT_EQ(std::vector<uint8_t>(out.begin(), out.begin() + count), sorted) << text;
+        EXPECT_EQ(capture.text(), "");
+    }
+}
+
 } // namespace

@@ -43,6 +43,14 @@ int run_onu_show(Args args);
 int run_onu_table(Args args);
 int run_olt_red(Args args);
 int run_onu_remove(Args args);
+int run_range(Args args);
+int run_instances(Args args);
+int run_portcmd(Args args);
+int run_idcmd(Args args);
+int run_slotif(Args args);
+int run_brcmds(Args args);
+int run_portcmds(Args args);
+int run_vpcmds(Args args);
 
 // Prints "usage: gvutil <usage>" for a command and answers 2.
 int usage_error(const char *name);

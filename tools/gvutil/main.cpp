@@ -59,6 +59,22 @@ constexpr std::array kCommands = {
     Command{"olt-red", "olt-red MODE MASTER PARTNER",
             "pair two PONs (1..32) for redundancy; mode 0 unpairs", run_olt_red},
     Command{"onu-remove", "onu-remove", "remove the store's segment and semaphore", run_onu_remove},
+    Command{"idrange", "idrange [--ports|--bridges] LIST",
+            "an id list (1-5,8) as a range list: nodes, text, ids, rebuilt", run_range},
+    Command{"instances", "instances IDS",
+            "per-member instance numbers (2,2,1,1,2) grouped into instances", run_instances},
+    Command{"portcmd", "portcmd LIST", "a port list (1/1-4,2/3) written back as command text",
+            run_portcmd},
+    Command{"idcmd", "idcmd LIST", "an id list (1-3,7) as int, VLAN, ONU and GEM-port text",
+            run_idcmd},
+    Command{"slotif", "slotif TEXT...", "slot/port range strings (1/3-3/2) or names (GE105)",
+            run_slotif},
+    Command{"brcmds", "brcmds WORD OPTION TAIL VID:VALUE,...",
+            "per-VLAN values grouped into command lines", run_brcmds},
+    Command{"portcmds", "portcmds WORD OPTION TAIL PNUM:VALUE,...",
+            "per-port values grouped into command lines (both forms)", run_portcmds},
+    Command{"vpcmds", "vpcmds WORD OPTION TAIL VID:PNUM:VALUE,...",
+            "per-port VLAN values grouped into command lines", run_vpcmds},
 };
 
 const Command *find_command(const char *name) {

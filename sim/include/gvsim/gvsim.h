@@ -67,6 +67,18 @@
  *                       box names its front-panel ports slot 1, port = pnum
  *                       (GPON1/1, GE1/17 on the K3100X).
  *
+ * Command shell output
+ *   gv_cli_out(ctx, format, ...)  formats the text with vsnprintf (any length) and
+ *                       hands it to ctx->out_func(ctx->out_arg, "%s", text); answers
+ *                       what out_func answers, 0 without a context or output
+ *                       function, -1 when the text cannot be formatted.
+ *
+ * Plain heap (the library's own blocks: range nodes, zeroed work buffers)
+ *   gvsim_heap_alloc(size, zeroed)  malloc, or calloc when zeroed; counted while
+ *                       live, and refused (NULL) once the budget that
+ *                       gvsim_heap_fail_after set is spent.
+ *   gvsim_heap_free(block)          free; NULL is ignored.
+ *
  * Type-b trunks (get_pnum_from_type_b_trunk_pnum)
  *   The logical slot (pnums after the interlink ports) holds the channel
  *   groups first, then the trunk ports; a trunk port is a type-b trunk, a PON
@@ -93,6 +105,14 @@ long gvsim_live_allocations(void);
 long gvsim_live_allocations_from(const char *source);
 /* After successes more allocations, every mfh_malloc fails; negative: never. */
 void gvsim_allocator_fail_after(long successes);
+
+/* The plain heap the library takes its own blocks from in a host build. */
+void *gvsim_heap_alloc(size_t size, int zeroed);
+void gvsim_heap_free(void *block);
+/* Blocks of that heap not yet freed. */
+long gvsim_heap_live_blocks(void);
+/* After successes more allocations, the heap refuses every one; negative: never. */
+void gvsim_heap_fail_after(long successes);
 
 /* Trees created and not yet destroyed. */
 long gvsim_live_trees(void);
