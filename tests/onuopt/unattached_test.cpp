@@ -1,7 +1,7 @@
-// A process that has not attached the store yet: every operation refuses
-// instead of reaching for a segment it does not have.
+// A process that has not attached the store, then one without its semaphore.
 #include "gvutil/onuopt.h"
 #include "support/chassis_root.h"
+#include "support/ipc_namespace.h"
 
 #include <gtest/gtest.h>
 
@@ -11,12 +11,14 @@
 
 namespace {
 
-TEST(UnattachedStore, EveryOperationRefuses) {
+TEST(UnattachedStore, RefusesThenGoesUnlockedWithoutASemaphore) {
+    ASSERT_EQ(gvtest::enter_private_ipc_namespace(), "");
     gvtest::ChassisRoot root{"test3"};
     char text[128] = {};
     uint8_t addr[8] = {1, 2, 3, 4, 5, 6, 7, 8};
     int value = 0;
-    // One call of each kind of access: global, per PON, pairing, per ONU, by address.
+    // One call of each kind of access: global, per PON, pairing, per ONU, by
+    // address. Each refuses rather than reach for a segment it does not have.
     const std::function<int()> calls[] = {
         [] { return gv_opt_format_set_min_onu_id(0); },
         [] { return gv_opt_format_get_min_onu_id(); },
@@ -26,31 +28,24 @@ TEST(UnattachedStore, EveryOperationRefuses) {
         [] { return gv_opt_format_set_olt_red(1, 1, 2); },
         [] { return gv_opt_format_get_olt_red_master_id(1); },
         [] { return gv_opt_format_set_onu_description(1, 1, "x", 1); },
-        [&] { return gv_opt_format_get_onu_num_of_uni(1, 1, &value); },
         [&] { return gv_opt_format_get_onu_id(1, addr, &value); },
     };
-    int index = 0;
-    for (const auto &call : calls) {
-        EXPECT_EQ(call(), -1) << "call " << index++;
+    for (std::size_t i = 0; i < std::size(calls); ++i) {
+        EXPECT_EQ(calls[i](), -1) << "call " << i;
     }
     EXPECT_EQ(gv_opt_format_db_delete_onu(1, 1), 0);
     EXPECT_EQ(gv_opt_format_init_db(), 0);
-}
 
-// Attached but without the semaphore yet: accesses go unlocked rather than
-// through semaphore set 0, which here is another program's and held.
-TEST(UnattachedStore, NoSemaphoreMeansNoLock) {
-    gvtest::ChassisRoot root{"test3"};
-    const int foreign = semget(IPC_PRIVATE, 1, IPC_CREAT | 0600);
-    ASSERT_EQ(foreign, 0) << "the first set of a fresh namespace";
+    // Attached but without the semaphore yet: accesses go unlocked rather
+    // than through semaphore set 0, which here is another program's and held.
+    ASSERT_EQ(semget(IPC_PRIVATE, 1, IPC_CREAT | 0600), 0) << "the first set of the namespace";
     ASSERT_EQ(gv_opt_format_attach_shm(gv_opt_format_create_shm()), 0);
     alarm(10); // a wait on the held set ends the test here
     EXPECT_EQ(gv_opt_format_set_onu_description(1, 0, "unlocked", 8), 0);
-    char out[128];
-    EXPECT_EQ(gv_opt_format_get_onu_description(1, 0, out), 0);
+    EXPECT_EQ(gv_opt_format_get_onu_description(1, 0, text), 0);
     alarm(0);
-    EXPECT_STREQ(out, "unlocked");
-    EXPECT_EQ(semctl(foreign, 0, GETVAL), 0);
+    EXPECT_STREQ(text, "unlocked");
+    EXPECT_EQ(semctl(0, 0, GETVAL), 0);
 }
 
 } // namespace
