@@ -6,31 +6,25 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <array>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
 
-using gvtest::ChassisRoot;
-using gvtest::CliCapture;
-
-struct Case {
-    const char *option;
-    const char *tail;
-    const char *printed;
-};
+using namespace gvtest;
 
 TEST(BridgeValueCommands, PairsWithOneValueShareALine) {
-    for (const Case &c :
-         {Case{"priority", "end", "sw 10-11,13 priority 1 end\nsw 12,1 priority 2 end\n"},
-          Case{"", "end", "sw 10-11,13 1 end\nsw 12,1 2 end\n"},
-          Case{nullptr, nullptr, "sw 10-11,13 1 \nsw 12,1 2 \n"}}) {
+    // Null option and tail read as empty texts.
+    for (const auto &[option, tail, printed] : std::vector<std::array<const char *, 3>>{
+             {"priority", "end", "sw 10-11,13 priority 1 end\nsw 12,1 priority 2 end\n"},
+             {nullptr, nullptr, "sw 10-11,13 1 \nsw 12,1 2 \n"}}) {
         // A pair whose VLAN is 0 holds none: it neither starts nor joins a line.
-        std::vector<br_info_t> pairs = {{10, 1}, {0, 2}, {11, 1}, {12, 2}, {13, 1}, {1, 2}};
+        std::vector<br_info_t> pairs = {{0, 2}, {10, 1}, {11, 1}, {12, 2}, {0, 2}, {13, 1}, {1, 2}};
         CliCapture capture;
-        EXPECT_EQ(get_br_info_cmds(pairs.data(), 6, "sw", c.option, c.tail, capture.ctx()), 2);
-        EXPECT_EQ(capture.text(), c.printed);
+        EXPECT_EQ(get_br_info_cmds(pairs.data(), 7, "sw", option, tail, capture.ctx()), 2);
+        EXPECT_EQ(capture.text(), printed);
         for (const br_info_t &pair : pairs) {
             EXPECT_EQ(pair.br_id, 0) << "every VLAN given up";
         }
@@ -49,23 +43,19 @@ TEST(BridgeValueCommands, PairsWithOneValueShareALine) {
 
 TEST(PortValueCommands, ValueFirstAndPortsFirstLines) {
     ChassisRoot root{"test3"}; // pnums 1-8 GPON1/1-8, 9-16 EPON2/1-8
-    struct PortCase {
-        bool ports_first;
-        Case texts;
-    };
-    for (const PortCase &c :
-         {PortCase{false, {"", "", "st 5 GPON1/1-GPON1/2,EPON2/1 \nst -1 GPON1/3 \n"}},
-          PortCase{false,
-                   {"lv", "end", "st 5 lv GPON1/1-GPON1/2,EPON2/1 end\nst -1 lv GPON1/3 end\n"}},
-          PortCase{true, {"", "", "st GPON1/1-GPON1/2,EPON2/1 5 \nst GPON1/3 \n"}},
-          PortCase{true,
-                   {"lv", "end", "st GPON1/1-GPON1/2,EPON2/1 lv 5 end\nst GPON1/3 lv end\n"}}}) {
+    const auto value_first = get_info_port_cmds;
+    const auto ports_first = get_port_info_cmds;
+    for (const auto &[print, option, printed] :
+         std::vector<std::tuple<decltype(value_first), const char *, const char *>>{
+             {value_first, "", "st 5 GPON1/1-GPON1/2,EPON2/1 end\nst -1 GPON1/3 end\n"},
+             {value_first, "lv", "st 5 lv GPON1/1-GPON1/2,EPON2/1 end\nst -1 lv GPON1/3 end\n"},
+             {ports_first, "", "st GPON1/1-GPON1/2,EPON2/1 5 end\nst GPON1/3 end\n"},
+             {ports_first, "lv", "st GPON1/1-GPON1/2,EPON2/1 lv 5 end\nst GPON1/3 lv end\n"}}) {
         std::vector<port_info_t> entries = {
             {1, 5, 0}, {2, 5, 0}, {3, -1, 0}, {9, 5, 0}, {GV_PORT_INFO_TAKEN, 7, 0}};
         CliCapture capture;
-        const auto print = c.ports_first ? get_port_info_cmds : get_info_port_cmds;
-        EXPECT_EQ(print(entries.data(), 5, "st", c.texts.option, c.texts.tail, capture.ctx()), 2);
-        EXPECT_EQ(capture.text(), c.texts.printed);
+        EXPECT_EQ(print(entries.data(), 5, "st", option, "end", capture.ctx()), 2);
+        EXPECT_EQ(capture.text(), printed);
     }
     // Entries past those a port set holds are not read.
     std::vector<port_info_t> entries(GV_PORTSET_MAX_PORT, port_info_t{1, 5, 0});
@@ -76,30 +66,19 @@ TEST(PortValueCommands, ValueFirstAndPortsFirstLines) {
     EXPECT_EQ(entries.back().port, 2) << "left untaken";
 }
 
-std::vector<vp_info_t> vlan_port_entries() {
-    return {{10, 1, 0, 5}, {11, 1, 0, 5}, {12, 1, 0, GV_PVSI_NO_VALUE}, {10, 2, 0, 5},
-            {11, 2, 0, 5}, {7, 3, 0, 5},  {99, GV_PVSI_TAKEN, 0, 5}};
-}
-
 TEST(VlanPortCommands, PortsWithTheSameVlansAndValueShareALine) {
     ChassisRoot root{"test3"};
-    gvtest::HeapWatch heap;
-    for (const Case &c :
-         {Case{"", "", "sw 10-11 GPON1/1-GPON1/2 5 \nsw br12 GPON1/1 \nsw br7 GPON1/3 5 \n"},
-          Case{"tr", "end",
-               "sw 10-11 GPON1/1-GPON1/2 tr 5 end\nsw br12 GPON1/1 tr end\nsw br7 GPON1/3 tr 5 "
-               "end\n"}}) {
-        std::vector<vp_info_t> entries = vlan_port_entries();
-        CliCapture capture;
-        EXPECT_EQ(get_vp_info_cmds(entries.data(), 7, "sw", c.option, c.tail, capture.ctx()), 3);
-        EXPECT_EQ(capture.text(), c.printed);
-    }
-    std::vector<vp_info_t> entries = vlan_port_entries();
+    HeapWatch heap;
+    std::vector<vp_info_t> entries = {
+        {10, 1, 0, 5}, {11, 1, 0, 5}, {12, 1, 0, GV_PVSI_NO_VALUE}, {10, 2, 0, 5},
+        {11, 2, 0, 5}, {7, 3, 0, 5},  {99, GV_PVSI_TAKEN, 0, 5}};
     CliCapture capture;
-    gvtest::HeapWatch::fail_after(0);
-    EXPECT_EQ(get_vp_info_cmds(entries.data(), 7, "sw", "", "", capture.ctx()), 0);
-    gvtest::HeapWatch::never_fail();
-    EXPECT_EQ(capture.text(), "");
+    HeapWatch::fail_after(0); // no group table to be had: no line
+    EXPECT_EQ(get_vp_info_cmds(entries.data(), 7, "sw", "tr", "end", capture.ctx()), 0);
+    HeapWatch::never_fail();
+    EXPECT_EQ(get_vp_info_cmds(entries.data(), 7, "sw", "tr", "end", capture.ctx()), 3);
+    EXPECT_EQ(capture.text(), "sw 10-11 GPON1/1-GPON1/2 tr 5 end\nsw br12 GPON1/1 tr end\n"
+                              "sw br7 GPON1/3 tr 5 end\n");
     EXPECT_EQ(heap.held(), 0);
 }
 
@@ -123,26 +102,18 @@ TEST(VlanPortCommands, TableTextAndLineAreBounded) {
     EXPECT_EQ(entries.back().port, 1) << "the last entry made no group";
 }
 
-pvsi_info_t group(uint8_t port, const char *text, uint16_t value) {
-    pvsi_info_t g{};
-    g.port = port;
-    std::strncpy(g.br_text, text, sizeof g.br_text - 1);
-    g.value = value;
-    return g;
-}
-
 TEST(SelectPortFromPvsi, TakesGroupsWithTheSameTextAndValue) {
-    std::vector<pvsi_info_t> groups = {group(GV_PVSI_TAKEN, "1-3", 5), group(4, "1-3", 5),
-                                       group(6, "1-3", 6), group(7, "1-4", 5), group(9, "1-3", 5)};
+    std::vector<pvsi_info_t> groups = {
+        {GV_PVSI_TAKEN, "1-3", 5}, {4, "1-3", 5}, {6, "1-3", 6}, {7, "1-4", 5}, {9, "1-3", 5}};
     uint32_t out[8] = {};
-    pvsi_info_t current = group(0, "", 0);
-    std::vector<std::vector<uint32_t>> taken;
+    pvsi_info_t current{};
+    std::vector<std::string> taken;
     for (int n; (n = select_port_from_pvsi(groups.data(), 5, out, &current)) > 0;) {
-        taken.emplace_back(out, out + n);
-        taken.back().push_back(current.value);
-        taken.back().push_back(std::strcmp(current.br_text, "1-3") == 0 ? 3 : 4);
+        taken.push_back(shown(out, n) + " " + current.br_text + " " +
+                        std::to_string(current.value) + " " + std::to_string(current.port));
     }
-    EXPECT_EQ(taken, (std::vector<std::vector<uint32_t>>{{4, 9, 5, 3}, {6, 6, 3}, {7, 5, 4}}));
+    // The current group's value and text are set, not its port.
+    EXPECT_EQ(taken, (std::vector<std::string>{"4 9 1-3 5 0", "6 1-3 6 0", "7 1-4 5 0"}));
     EXPECT_EQ(select_port_from_pvsi(groups.data(), 5, nullptr, &current), 0);
 }
 

@@ -1,9 +1,8 @@
-// Range, class-of-service, VRRP-id and interface lists; group ids; MAC
-// addresses; trunk keywords and ONT number texts.
+// ONU ids without the ONU option store, group ids, MAC addresses, mapper/GEM
+// port lists, trunk keywords and ONT number texts.
 #include "gvutil/cli.h"
 #include "gvutil/model.h"
 #include "support/cli_capture.h"
-#include "value_ranges.h"
 
 #include <gtest/gtest.h>
 
@@ -13,114 +12,40 @@
 
 namespace {
 
-using clitest::expect_cases;
-using gvtest::CliCapture;
-
-TEST(RangeToken, LenientWithItsOwnWords) {
-    expect_cases(get_range_token, 16,
-                 {
-                     {"1-4,7", {{1, 4}, {7, 7}}, ""},
-                     {"5-99", {{5, 16}}, "%Invalid range: 5-99 [1-16]\n"}, // kept, lowered
-                     {"99,3", {{3, 3}}, "%Invalid range: 99 [1-16]\n"},    // dropped
-                     {"0,2", {{2, 2}}, "%Invalid parameter: 0\n"},
-                     {"4-4", {}, "%Invalid sequence order: 4-4\n"},
-                     {"1,-3", {}, "%Invalid parameter: -3\n"},
-                 });
-}
-
-TEST(CosToken, ZeroIsAValue) {
-    expect_cases(get_cos_token, 7,
-                 {
-                     {"0-7", {{0, 7}}, ""},
-                     {"0", {{0, 0}}, ""},
-                     {"8,1", {{1, 1}}, "%Invalid range: 8 [0-7]\n"},
-                     {"2-9", {{2, 7}}, "%Invalid range: 2-9 [0-7]\n"},
-                     {"3-3", {}, "%Invalid sequence order: 3-3\n"},
-                     {"x,1", {{1, 1}}, "%Invalid cos: x\n"},
-                     {"1-x,2", {{2, 2}}, "%Invalid range: 1-x [-7]\n"},
-                     {"2,-1,3", {}, "%Invalid cos: -1\n"}, // ends the call
-                 });
-    // Without a context single values are not checked; a range is lowered to
-    // max, and a range with an end that is no number is dropped.
-    expect_cases(get_cos_token, 7,
-                 {
-                     {"9", {{9, 9}}, ""},
-                     {"5-3", {{5, 3}}, ""},
-                     {"1-x,2", {{2, 2}}, ""},
-                     {"-1,2", {{2, 2}}, ""},
-                 },
-                 true);
-}
-
-TEST(StrictTokens, FirstErrorEndsTheCall) {
-    const struct {
-        clitest::TokenParser parser;
-        const char *word;
-    } kinds[] = {{get_vrid_token, "vrid"}, {get_interface_token, "interface"}};
-    for (const auto &kind : kinds) {
-        const std::string invalid = std::string("%Invalid ") + kind.word + ": ";
-        expect_cases(kind.parser, 255,
-                     {
-                         {"1,2-4", {{1, 1}, {2, 4}}, ""},
-                         {"1,0", {}, invalid + "0\n"},
-                         {"-2", {}, invalid + "-2\n"},
-                         {"2-300", {}, "%Invalid range: 2-300 [1-255]\n"},
-                         {"0-3", {}, "%Invalid range: 0-3 [1-255]\n"},
-                         {"3-3", {}, "%Invalid sequence order: 3-3\n"},
-                     });
-        expect_cases(kind.parser, 255,
-                     {
-                         {"300,5-3", {{300, 300}, {5, 3}}, ""},
-                         {"2-300", {{2, 255}}, ""},
-                         {"1,0-3", {}, ""},
-                     },
-                     true);
-    }
-}
+using namespace gvtest;
 
 // No ONU option store in this process: the smallest id reads as -1, and a
 // text that is no number is still no id.
 TEST(OnuToken, WithoutAStoreTextIsStillNoId) {
-    CliCapture capture;
-    value_range out[4] = {};
-    EXPECT_EQ(get_onu_token("x,0,3", out, 8, capture.ctx()), 2);
-    EXPECT_EQ(capture.take(), "%Invalid onu token: x\n");
-    EXPECT_EQ(get_onu_token("x-3,9", out, 8, capture.ctx()), 0);
-    EXPECT_EQ(capture.take(), "%Invalid range: x-3 [-1-8]\n%Invalid range: 9 [-1-8]\n");
+    expect_rows(value_token(get_onu_token, 8),
+                {{"x,0,3", "0-0 3-3", "%Invalid onu token: x\n"},
+                 {"x-3,9", "", "%Invalid range: x-3 [-1-8]\n%Invalid range: 9 [-1-8]\n"}});
 }
 
-std::vector<uint32_t> gids(const char *text, int limit, std::string &printed) {
-    CliCapture capture;
+// Every bad item is told and skipped; ids come back sorted, each once.
+std::string gids(const char *text, int limit, cli_ctx *ctx) {
     std::vector<char> writable(text, text + std::strlen(text) + 1);
     uint32_t out[300] = {};
-    const int count = get_gid_list(writable.data(), out, limit, capture.ctx());
-    printed = capture.text();
-    return {out, out + count};
+    return shown(out, get_gid_list(writable.data(), out, limit, ctx));
 }
 
 TEST(GidList, SortedOnceEachAndEveryErrorSkipped) {
-    const struct {
-        const char *text;
-        int limit;
-        std::vector<uint32_t> ids;
-        const char *printed;
-    } cases[] = {
-        {"5,3-4,4", 8, {3, 4, 5}, ""},
-        {"4-4", 8, {4}, ""}, // an equal pair is one group
-        {"6-2,1", 8, {1}, "%Invalid sequence order: 6-2\n"},
-        {"8,1", 8, {1}, "%Invalid range: 8 [0-7]\n"},
-        {"5-12", 8, {5, 6, 7}, "%Invalid range: 5-12 [0-7]\n"},
-        {"x,-3,2", 8, {2}, "%Invalid input parameter: x\n%Invalid input parameter: -3\n"},
-        {"1-x", 8, {}, "%Invalid input parameter: 1-x\n"},
-        {"286-300", 288, {286, 287}, "%Invalid range: 286-300 [0-287]\n"},
-        {"287,288", 1000, {287}, "%Invalid range: 288 [0-287]\n"}, // a limit above 288 is 288
-        {",,", 8, {}, ""},
-    };
-    for (const auto &c : cases) {
-        std::string printed;
-        EXPECT_EQ(gids(c.text, c.limit, printed), c.ids) << c.text;
-        EXPECT_EQ(printed, c.printed) << c.text;
-    }
+    const auto limit8 = [](const char *text, cli_ctx *ctx) { return gids(text, 8, ctx); };
+    expect_rows(limit8,
+                {{"5,3-4,4", "3 4 5"},
+                 {"4-4", "4"}, // an equal pair is one group
+                 {"6-2,1", "1", "%Invalid sequence order: 6-2\n"},
+                 {"8,1", "1", "%Invalid range: 8 [0-7]\n"},
+                 {"5-12", "5 6 7", "%Invalid range: 5-12 [0-7]\n"},
+                 {"8-9", "", "%Invalid range: 8-9 [0-7]\n"},
+                 {"x,-3,2", "2", "%Invalid input parameter: x\n%Invalid input parameter: -3\n"},
+                 {"1-x", "", "%Invalid input parameter: 1-x\n"},
+                 {",,", ""}});
+    // g_array holds 288 groups: a larger limit is 288, a negative one 0.
+    expect_rows([](const char *text, cli_ctx *ctx) { return gids(text, 1000, ctx); },
+                {{"286-300", "286 287", "%Invalid range: 286-300 [0-287]\n"}});
+    expect_rows([](const char *text, cli_ctx *ctx) { return gids(text, -5, ctx); },
+                {{"0", "", "%Invalid range: 0 [0--1]\n"}});
 }
 
 TEST(GidList, ModuleBitmapAndTheCallersText) {
@@ -140,30 +65,72 @@ TEST(GidList, ModuleBitmapAndTheCallersText) {
     EXPECT_EQ(get_gid_list(again, nullptr, 8, capture.ctx()), 0);
 }
 
+// The twelve digits of each address as typed; the first bad one gives 0.
+std::string macs(const char *text, cli_ctx *ctx) {
+    char out[3 * GV_MAC_TOKEN_SIZE] = {};
+    const int count = get_mac_token(text, out, ctx);
+    return std::to_string(count) + " " + std::string(out, std::size_t(count) * GV_MAC_TOKEN_SIZE);
+}
+
 TEST(MacToken, AddressesAndTheFirstBadOne) {
-    const struct {
-        const char *text;
-        std::string digits;
-        const char *printed;
-    } cases[] = {
-        {"00:11:22:33:44:55", "001122334455", ""},
-        {"00:11-22:33:44:55", "001122334455", ""}, // separators may be mixed
-        {"aB:cD:eF:01:23:45,00-00-00-00-00-0f", "aBcDeF01234500000000000f", ""},
-        {"0011.2233.4455", "", "%Invalid mac address: 0011.2233.4455\n"},
-        {"00:11:22:33:44:555", "", "%Invalid mac address: 00:11:22:33:44:555\n"},
-        {"00:11:22:33:44:5g", "", "%Invalid mac address: 00:11:22:33:44:5g\n"},
-        {"00:11:22:33:44:55,001:1:22:33:44:55", "", "%Invalid mac address: 001:1:22:33:44:55\n"},
-    };
-    for (const auto &c : cases) {
-        CliCapture capture;
-        char out[3 * GV_MAC_TOKEN_SIZE] = {};
-        const int count = get_mac_token(c.text, out, capture.ctx());
-        EXPECT_EQ(count, static_cast<int>(c.digits.size()) / GV_MAC_TOKEN_SIZE) << c.text;
-        EXPECT_EQ(std::string(out, static_cast<std::size_t>(count) * GV_MAC_TOKEN_SIZE), c.digits)
-            << c.text;
-        EXPECT_EQ(capture.text(), c.printed) << c.text;
-        EXPECT_EQ(get_mac_token(c.text, out, nullptr), count) << c.text;
-    }
+    expect_rows(macs,
+                {{"00:11-22:33:44:55", "1 001122334455"}, // separators may be mixed
+                 {"aB:cD:eF:01:23:45,00-00-00-00-00-0f", "2 aBcDeF01234500000000000f"},
+                 {"0011.2233.4455", "0 ", "%Invalid mac address: 0011.2233.4455\n"},
+                 {"00:11:22:33:44:5g", "0 ", "%Invalid mac address: 00:11:22:33:44:5g\n"},
+                 {"00:11:22:33:44:55,001:1:22:33:44:55", "0 ",
+                  "%Invalid mac address: 001:1:22:33:44:55\n"}},
+                Context::kBoth);
+}
+
+constexpr int kPer = 8; // GEM ports per mapper
+
+// The ranges, then the errors counted: each refusal is counted and told.
+std::string mapper_gems(const char *text, cli_ctx *ctx) {
+    mapper_gem_range out[40] = {};
+    uint32_t errs = 0;
+    const std::string ranges = shown(out, get_mapper_gemport_token(text, out, &errs, kPer, ctx));
+    return with_errors(ranges, errs);
+}
+
+TEST(MapperGemToken, ItemsRangesAndMessages) {
+    expect_rows(mapper_gems,
+                {{"1/3-7,1/3-1/3", "1/3-7 1/3-3 errs=0"}, // a bare end takes the start's mapper
+                 {"1/3-3/2,32/8", "1/3-8 2/1-8 3/1-2 32/8-8 errs=0"},
+                 {"1/3-1/2,3/1-2/8", "errs=2",
+                  "%Invalid sequence order: 1/3-1/2\n%Invalid sequence order: 3/1-2/8\n"},
+                 {"5,0/1,1/0,2/2", "2/2-2 errs=3",
+                  "%Invalid input parameter: 5\n%Invalid input parameter: 0/1\n"
+                  "%Invalid input parameter: 1/0\n"},
+                 {"1/256", "errs=1", "%Invalid input parameter: 1/256\n"}, // the port is 8 bits
+                 {"33/1,x/1", "errs=2",
+                  "%Invalid mapper number range: 33/1\n%Invalid mapper number range: x/1\n"},
+                 {"1/9,1/x,1/2-9", "errs=3",
+                  "%range error: 1/9 [1/1-8]\n%range error: 1/x [1/1-8]\n"
+                  "%range error: 1/9 [1/1-8]\n"}},
+                Context::kBoth);
+    uint32_t errs = 7;
+    mapper_gem_range out[2];
+    EXPECT_EQ(get_mapper_gemport_token("33/1,5", out, &errs, kPer, nullptr), 0);
+    EXPECT_EQ(errs, 9u); // added to, never reset
+    EXPECT_EQ(get_mapper_gemport_token("1/1", out, nullptr, kPer, nullptr), 1);
+    EXPECT_EQ(get_mapper_gemport_token(nullptr, out, nullptr, kPer, nullptr), 0);
+}
+
+// GEM indexes port + per * (mapper - 1), each once; any error gives none.
+template <int Max> std::string indexes(const char *text, cli_ctx *ctx) {
+    uint32_t out[300] = {};
+    return shown(out, get_mapper_gemport(text, out, Max, kPer, ctx));
+}
+
+TEST(MapperGemport, IndexesOnceEachOrNothing) {
+    expect_rows(indexes<256>, {{"2/2,1/1-2/3", "10 1 2 3 4 5 6 7 8 9 11"}, // first-seen order
+                               {"1/1,1/9", "", "%range error: 1/9 [1/1-8]\n"},
+                               {",", "", "%Invaild parameter ,\n"}});
+    // The message's mapper counts from 0 and the last port of a mapper is 0.
+    expect_rows(indexes<20>, {{"1/1,3/8", "", "%check if it is suitable parameter : 2/0, 24\n"}});
+    uint32_t out[1];
+    EXPECT_EQ(get_mapper_gemport(nullptr, out, 256, kPer, nullptr), 0);
 }
 
 TEST(TrunkTag, KeywordsOfTheDistributionTable) {
@@ -171,27 +138,22 @@ TEST(TrunkTag, KeywordsOfTheDistributionTable) {
         EXPECT_EQ(trunk_tag_to_index(trunk_index_to_user_tag(index)), index);
     }
     EXPECT_EQ(trunk_tag_to_index("srcdstl4"), 5); // shares the index of srcdstip
-    for (const char *unknown :
-         {"SRC_MAC", "SrcMac", "srcma", "", static_cast<const char *>(nullptr)}) {
+    for (const char *unknown : {"SrcMac", "srcma", "", static_cast<const char *>(nullptr)}) {
         EXPECT_EQ(trunk_tag_to_index(unknown), -1);
     }
 }
 
 TEST(OntId, TextForm) {
-    const struct {
-        uint32_t ontid;
-        const char *text;
-    } cases[] = {
-        {1, "1/1/1"},    {64, "1/1/64"},          {65, "1/2/1"},
-        {256, "1/4/64"}, {257, "2/1/1"},          {1024, "4/4/64"},
-        {0, "0/4/64"},   {1025, "Invalid ONTID"}, {0xFFFFFFFFu, "Invalid ONTID"},
+    const std::pair<uint32_t, std::string> cases[] = {
+        {1, "1/1/1"},  {65, "1/2/1"},    {256, "1/4/64"},         {257, "2/1/1"},
+        {0, "0/4/64"}, {1024, "4/4/64"}, {1025, "Invalid ONTID"},
     };
-    for (const auto &c : cases) {
-        char text[32] = {};
-        EXPECT_EQ(convert_int_ontid_to_str_ontid(c.ontid, text),
-                  static_cast<int>(std::strlen(c.text)));
-        EXPECT_STREQ(text, c.text);
+    for (const auto &[ontid, text] : cases) {
+        char dest[32] = {};
+        EXPECT_EQ(convert_int_ontid_to_str_ontid(ontid, dest), static_cast<int>(text.size()));
+        EXPECT_EQ(dest, text);
     }
+    EXPECT_EQ(convert_int_ontid_to_str_ontid(1, nullptr), 0);
 }
 
 } // namespace
