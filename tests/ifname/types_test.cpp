@@ -3,27 +3,29 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstring>
+#include <sstream>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace {
 
+const char *shown(const char *text) {
+    return text != nullptr ? text : "NULL";
+}
+
+// Each code's short prefix, full word and created name (slot 3, port 7). The
+// words of port types are read back by the round trip over the chassis.
 TEST(InterfaceTypes, CodesReadBackFromBothSpellings) {
-    struct Case {
+    const struct {
         int type;
-        const char *prefix, *word;
-        int word_reads_as;
-    };
-    for (const Case c :
-         {Case{1, "FE", "fastethernet", 1}, Case{2, "GE", "gigabitethernet", 2},
-          Case{3, "XE", "tengigabitethernet", 3}, Case{5, "CE", "hundredgigabitethernet", 5},
-          Case{50, "EPON", "epon", 50}, Case{51, "XEPON", "xepon", 51},
-          Case{52, "GPON", "gpon", 52}, Case{53, "XGPON", "xgpon", 53},
-          Case{54, "XGSPON", "xgspon", 54}, Case{55, "NGPON", "ngpon", 55},
-          Case{100, "mgmt", "management", 100}, Case{101, "br", "vlan", 101},
-          Case{102, "CG", "channelgroup", 102}, Case{103, "lo", "loopback", 103},
-          Case{104, "default", "vlan", 101}, Case{105, "", "tunnel", 105}}) {
+        const char *prefix, *word, *created;
+    } cases[] = {{2, "GE", "gigabitethernet", "GE3/7"},  {53, "XGPON", "xgpon", "XGPON3/7"},
+                 {100, "mgmt", "management", "mgmt7"},   {101, "br", "vlan", "br3/7"},
+                 {102, "CG", "channelgroup", "CG7"},     {103, "lo", "loopback", "lo3/7"},
+                 {104, "default", "vlan", "default3/7"}, {105, "", "tunnel", "3/7"}};
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.type);
         char prefix[32] = "unchanged";
         EXPECT_EQ(get_interface_prefix_from_type(c.type, prefix), 0);
@@ -34,23 +36,19 @@ TEST(InterfaceTypes, CodesReadBackFromBothSpellings) {
         char word[32];
         EXPECT_EQ(get_interface_prefix_for_run_config_from_type(c.type, word, sizeof word), 0);
         EXPECT_STREQ(word, c.type == 105 ? "" : c.word);
-        EXPECT_EQ(get_interface_type_from_full_prefix(c.word), c.word_reads_as);
+        // "vlan" reads back as a bridge, never as the default bridge.
+        EXPECT_EQ(get_interface_type_from_full_prefix(c.word), c.type == 104 ? 101 : c.type);
+        EXPECT_EQ(create_interface_name(3, 7, c.type, word), 0);
+        EXPECT_STREQ(word, c.created);
     }
-}
-
-TEST(InterfaceTypes, LookupsAreExactExceptTheTunnelPrefix) {
-    struct Case {
-        const char *text;
-        int from_prefix, from_word;
-    };
-    for (const Case c :
-         {Case{"tunnel", 105, 105}, Case{"tunnel12", 105, 0}, Case{"Tunnel", 0, 0},
-          Case{"ge", 0, 0}, Case{"GEX", 0, 0}, Case{"Gigabitethernet", 0, 0}, Case{"", 0, 0}}) {
-        EXPECT_EQ(get_interface_type_from_prefix(c.text), c.from_prefix) << c.text;
-        EXPECT_EQ(get_interface_type_from_full_prefix(c.text), c.from_word) << c.text;
+    // Lookups are exact, except that a prefix beginning "tunnel" is a tunnel.
+    const std::tuple<const char *, int, int> lookups[] = {
+        {"tunnel12", 105, 0},      {"Tunnel", 0, 0}, {"ge", 0, 0},   {"GEX", 0, 0},
+        {"Gigabitethernet", 0, 0}, {"", 0, 0},       {nullptr, 0, 0}};
+    for (const auto &[text, from_prefix, from_word] : lookups) {
+        EXPECT_EQ(get_interface_type_from_prefix(text), from_prefix) << shown(text);
+        EXPECT_EQ(get_interface_type_from_full_prefix(text), from_word) << shown(text);
     }
-    EXPECT_EQ(get_interface_type_from_prefix(nullptr), 0);
-    EXPECT_EQ(get_interface_type_from_full_prefix(nullptr), 0);
 }
 
 TEST(InterfaceTypes, RunConfigWordClearsOnlyTheFirstWordAndFitsTheSize) {
@@ -66,18 +64,17 @@ TEST(InterfaceTypes, RunConfigWordClearsOnlyTheFirstWordAndFitsTheSize) {
     EXPECT_EQ(get_interface_prefix_for_run_config_from_type(2, nullptr, 8), -1);
 }
 
-TEST(InterfaceNames, PrefixIsEverythingBeforeTheFirstDigit) {
-    struct Case {
-        const char *name;
-        int result;
-        const char *prefix;
-    };
-    for (const Case c :
-         {Case{"GE3/1", 0, "GE"}, Case{"br10", 0, "br"}, Case{"default", 0, "default"},
-          Case{"7/1", 0, ""}, Case{"", -1, "xxx"}, Case{nullptr, -1, "xxx"}}) {
-        char prefix[8] = "xxx";
-        EXPECT_EQ(get_interface_type(c.name, prefix, sizeof prefix), c.result);
-        EXPECT_STREQ(prefix, c.prefix);
+// The prefix is everything before the first digit; a single name has
+// nothing but digits after its '/'.
+TEST(InterfaceNames, PrefixAndSingleName) {
+    const std::tuple<const char *, const char *, int> cases[] = {
+        {"GE3/1", "0 GE", 1},       {"br10", "0 br", 1}, {"default", "0 default", 1},
+        {"7/1", "0 ", 1},           {"GE1/", "0 GE", 1}, {"GE3/1-4", "0 GE", 0},
+        {"GE1/1,GE1/2", "0 GE", 0}, {"", "-1 xxx", 0},   {nullptr, "-1 xxx", 0}};
+    for (const auto &[name, prefix, single] : cases) {
+        char out[8] = "xxx";
+        EXPECT_EQ(std::to_string(get_interface_type(name, out, sizeof out)) + " " + out, prefix);
+        EXPECT_EQ(is_interface_string_type(name), single) << shown(name);
     }
     char small[4];
     std::memset(small, 'x', sizeof small);
@@ -88,146 +85,103 @@ TEST(InterfaceNames, PrefixIsEverythingBeforeTheFirstDigit) {
     EXPECT_STREQ(small, "XGS"); // no room: nothing written
 }
 
-TEST(InterfaceNames, SingleInterfaceTest) {
-    for (const char *one : {"GE3/1", "CG1", "br10", "GE1/", "default"}) {
-        EXPECT_EQ(is_interface_string_type(one), 1) << one;
-    }
-    for (const char *many : {"GE3/1-4", "GE1/1,GE1/2", "", static_cast<const char *>(nullptr)}) {
-        EXPECT_EQ(is_interface_string_type(many), 0) << (many != nullptr ? many : "NULL");
-    }
-}
-
-// Predicates in header order; a row lists the ones that hold for its name.
+// One row per predicate: 'x' under each name it holds for.
 TEST(InterfacePredicates, ClassifyByPrefixInAnyCase) {
-    using Predicate = int (*)(const char *);
-    constexpr std::array<Predicate, 18> predicates = {is_fast_ethernet_interface,
-                                                      is_gigabit_ethernet_interface,
-                                                      is_ten_gigabit_ethernet_interface,
-                                                      is_hundred_gigabit_ethernet_interface,
-                                                      is_epon_interface,
-                                                      is_xepon_interface,
-                                                      is_gpon_interface,
-                                                      is_xgpon_interface,
-                                                      is_xgspon_interface,
-                                                      is_ngpon_interface,
-                                                      is_pon_interface,
-                                                      is_ethernet_interface,
-                                                      is_vlan_interface,
-                                                      is_aggregator_interface,
-                                                      is_cg_interface,
-                                                      is_ethXX_interface,
-                                                      is_port_interface,
-                                                      is_port_n_vlan_interface};
-    struct Case {
-        const char *name;
-        const char *holds; // one letter per predicate: 'x' holds, '.' does not
-    };
-    for (const Case c :
-         {Case{"FE1/1", "x..........x....xx"},     Case{"GE1/1", ".x.........x....xx"},
-          Case{"ge1/1", ".x.........x....xx"},     Case{"XE1/1", "..x........x....xx"},
-          Case{"CE8/1", "...x.......x....xx"},     Case{"EPON2/1", ".x..x.....xx....xx"},
-          Case{"XEPON6/1", "..x..x....xx....xx"},  Case{"GPON1/1", "......x...xx....xx"},
-          Case{"gpon1/2", "......x...xx....xx"},   Case{"XGPON1/1", "..x....x..xx....xx"},
-          Case{"XGSPON2/1", "..x.....x.xx....xx"}, Case{"NGPON5/1", "..x......xxx....xx"},
-          Case{"br10", "............x....x"},      Case{"default", "............x....x"},
-          Case{"CG2", ".............xx.xx"},       Case{"eth0", "...............x.."},
-          Case{"GEX1/1", ".x.........x....xx"},    Case{"gigabitethernet1/1", ".................."},
-          Case{"mgmt1", ".................."},     Case{"", ".................."}}) {
+    const char *const names[] = {"FE1/1",     "ge1/1",    "XE1/1",   "CE8/1",
+                                 "EPON2/1",   "XEPON6/1", "gpon1/2", "XGPON1/1",
+                                 "XGSPON2/1", "NGPON5/1", "br10",    "default",
+                                 "CG2",       "eth0",     "GEX1/1",  "gigabitethernet1/1",
+                                 ""};
+    const struct {
+        int (*predicate)(const char *);
+        const char *holds;
+    } rows[] = {{is_fast_ethernet_interface, "x................"},
+                {is_gigabit_ethernet_interface, ".x..x.........x.."},
+                {is_ten_gigabit_ethernet_interface, "..x..x.xxx......."},
+                {is_hundred_gigabit_ethernet_interface, "...x............."},
+                {is_epon_interface, "....x............"},
+                {is_xepon_interface, ".....x..........."},
+                {is_gpon_interface, "......x.........."},
+                {is_xgpon_interface, ".......x........."},
+                {is_xgspon_interface, "........x........"},
+                {is_ngpon_interface, ".........x......."},
+                {is_pon_interface, "....xxxxxx......."},
+                {is_ethernet_interface, "xxxxxxxxxx....x.."},
+                {is_vlan_interface, "..........xx....."},
+                {is_aggregator_interface, "............x...."},
+                {is_cg_interface, "............x...."},
+                {is_ethXX_interface, ".............x..."},
+                {is_port_interface, "xxxxxxxxxx..x.x.."},
+                {is_port_n_vlan_interface, "xxxxxxxxxxxxx.x.."}};
+    for (const auto &[predicate, holds] : rows) {
         std::string got;
-        for (const Predicate p : predicates) {
-            got += p(c.name) == 1 ? 'x' : '.';
+        for (const char *name : names) {
+            got += predicate(name) == 1 ? 'x' : '.';
         }
-        EXPECT_EQ(got, c.holds) << c.name;
+        EXPECT_EQ(got, holds);
     }
     EXPECT_EQ(is_port_interface(nullptr), 0);
 }
 
-TEST(InterfaceNames, CreatedNames) {
-    struct Case {
-        int slot, port, type;
-        const char *name;
-    };
-    for (const Case c :
-         {Case{3, 7, 2, "GE3/7"}, Case{3, 7, 102, "CG7"}, Case{3, 7, 100, "mgmt7"},
-          Case{3, 7, 105, "3/7"}, Case{1, 2, 104, "default1/2"},
-          Case{-2147483647 - 1, -2147483647 - 1, 104, "default-2147483648/-2147483648"}}) {
-        char name[40] = {};
-        EXPECT_EQ(create_interface_name(c.slot, c.port, c.type, name), 0);
-        EXPECT_STREQ(name, c.name);
-    }
-}
-
+// Numbers beyond the int range are not read; prefixes are cut to 31
+// characters; NULL outputs are skipped.
 TEST(InterfaceNames, SlotAndPortOfOneName) {
-    struct Case {
-        const char *name;
-        int result, slot, port;
-        const char *prefix;
-    };
-    for (const Case c :
-         {Case{"GE3/1", 0, 3, 1, "GE"}, Case{"CG2", 0, 2, 0, "CG"}, Case{"mgmt", 0, 0, 0, "mgmt"},
-          Case{"GE3/", 0, 3, 0, "GE"}, Case{"GE99999999999/1", 0, 0, 0, "GE"},
-          Case{"", -1, 7, 7, "?"}, Case{nullptr, -1, 7, 7, "?"}}) {
-        int slot = 7, port = 7;
+    const std::string long_name = std::string(40, 'a') + "1/1";
+    const std::string cut = "0 " + std::string(31, 'a') + " 1/1";
+    const std::pair<const char *, const char *> cases[] = {
+        {"GE3/1", "0 GE 3/1"},           {"CG2", "0 CG 2/0"},
+        {"mgmt", "0 mgmt 0/0"},          {"GE3/", "0 GE 3/0"},
+        {"GE99999999999/1", "0 GE 0/0"}, {"", "-1 ? 7/7"},
+        {nullptr, "-1 ? 7/7"},           {long_name.c_str(), cut.c_str()}};
+    for (const auto &[name, expected] : cases) {
+        int slot = 7, port = 7, again = 7;
         char prefix[32] = "?";
-        EXPECT_EQ(get_type_slot_port_no_from_ifstr(c.name, prefix, &slot, &port), c.result);
-        EXPECT_EQ(slot, c.slot);
-        EXPECT_EQ(port, c.port);
-        EXPECT_STREQ(prefix, c.prefix);
-        slot = port = 7;
-        EXPECT_EQ(get_slot_port_no_from_ifstr(c.name, &slot, &port), c.result);
-        EXPECT_EQ(slot, c.slot);
+        const int result = get_type_slot_port_no_from_ifstr(name, prefix, &slot, &port);
+        std::ostringstream got;
+        got << result << " " << prefix << " " << slot << "/" << port;
+        EXPECT_EQ(got.str(), expected);
+        EXPECT_EQ(get_slot_port_no_from_ifstr(name, &again, nullptr), result);
+        EXPECT_EQ(again, slot) << shown(name);
     }
-    const std::string long_prefix(40, 'a');
-    char prefix[32];
-    EXPECT_EQ(
-        get_type_slot_port_no_from_ifstr((long_prefix + "1/1").c_str(), prefix, nullptr, nullptr),
-        0);
-    EXPECT_EQ(std::string(prefix), std::string(31, 'a'));
 }
 
+// Ports come out in order and the slot translated; the user form keeps it.
+// A range into another slot, or one that does not read whole, separates not.
 TEST(InterfaceNames, SeparationOrdersPortsAndNormalises) {
-    struct Case {
-        const char *name;
-        int result, slot = 0, first = 0, last = 0;
-        const char *normalised = "";
-        int user_slot = 0;
-    };
-    for (const Case c :
-         {Case{"GE0/5-2", 0, 3, 2, 5, "GE3/2-5", 0}, Case{"GE1/4-1/4", 0, 1, 4, 4, "GE1/4-4", 1},
-          Case{"GE0/3", 0, 3, 3, 3, "GE3/3", 0}, Case{"GE1/3-0", 0, 1, 3, 3, "GE1/3", 1},
-          Case{"XE2/9-02/1", 0, 2, 1, 9, "XE2/1-9", 2}, Case{"CG2", 0, 2, 0, 0, "CG2/0", 2},
-          Case{"GE1/1-2/3", -1}, Case{"GE1/1-2/", -1}, Case{"GE1/1-3/4/5", -1},
-          Case{"GE99999999999/1", -1}, Case{"default", -1}, Case{"", -1}, Case{nullptr, -1}}) {
-        SCOPED_TRACE(c.name != nullptr ? c.name : "NULL");
+    const std::tuple<const char *, const char *, int> cases[] = {
+        {"GE0/5-2", "0 3 2-5 GE3/2-5", 0},
+        {"GE1/4-1/4", "0 1 4-4 GE1/4-4", 1},
+        {"GE1/3-0", "0 1 3-3 GE1/3", 1},
+        {"XE2/9-02/1", "0 2 1-9 XE2/1-9", 2},
+        {"CG2", "0 2 0-0 CG2/0", 2},
+        {"GE1/1-2/3", "", 0},
+        {"GE1/1-2/", "", 0},
+        {"GE1/1-3/4/5", "", 0},
+        {"GE99999999999/1", "", 0},
+        {"default", "", 0},
+        {nullptr, "", 0}};
+    for (const auto &[name, separated, user_slot] : cases) {
         int slot = -9, first = -9, last = -9;
         char normalised[68] = "untouched";
+        const int result =
+            get_interface_name_separation_from_ifname(name, &slot, &first, &last, normalised);
+        std::ostringstream got;
+        got << result << " " << slot << " " << first << "-" << last << " " << normalised;
+        EXPECT_EQ(got.str(), *separated != '\0' ? separated : "-1 -9 -9--9 untouched")
+            << shown(name);
+        slot = 0;
         EXPECT_EQ(
-            get_interface_name_separation_from_ifname(c.name, &slot, &first, &last, normalised),
-            c.result);
-        if (c.result != 0) {
-            EXPECT_STREQ(normalised, "untouched");
-            EXPECT_EQ(slot, -9);
-            continue;
-        }
-        EXPECT_EQ(slot, c.slot);
-        EXPECT_EQ(first, c.first);
-        EXPECT_EQ(last, c.last);
-        EXPECT_STREQ(normalised, c.normalised);
-        EXPECT_EQ(get_user_interface_name_separation_from_ifname(c.name, &slot, &first, &last,
-                                                                 normalised),
-                  0);
-        EXPECT_EQ(slot, c.user_slot);
+            get_user_interface_name_separation_from_ifname(name, &slot, nullptr, nullptr, nullptr),
+            result);
+        EXPECT_EQ(slot, user_slot) << shown(name);
     }
 }
 
 TEST(InterfaceNames, GroupIdOfChannelGroupNames) {
-    struct Case {
-        const char *name;
-        int id;
-    };
-    for (const Case c : {Case{"CG12", 12}, Case{"CG1-3", 1}, Case{"GE1/1", -1}, Case{"cg2", -1},
-                         Case{"CG", -1}, Case{"", -1}, Case{nullptr, -1}}) {
-        EXPECT_EQ(get_group_id_from_ifname(c.name), c.id) << (c.name != nullptr ? c.name : "NULL");
+    const std::pair<const char *, int> cases[] = {{"CG12", 12}, {"CG1-3", 1}, {"GE1/1", -1},
+                                                  {"cg2", -1},  {"CG", -1},   {nullptr, -1}};
+    for (const auto &[name, id] : cases) {
+        EXPECT_EQ(get_group_id_from_ifname(name), id) << shown(name);
     }
 }
 

@@ -1,4 +1,4 @@
-// Range and instance lists as tests look at them: (start, end) pairs read
+// Range and instance lists as tests look at them: "start-end" pieces read
 // forward, with every back link checked on the way.
 #pragma once
 
@@ -7,46 +7,36 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <utility>
-#include <vector>
+#include <string>
 
 namespace rangetest {
 
-using Spans = std::vector<std::pair<int, int>>;
-
-inline Spans spans_of(const id_range *list) {
-    Spans spans;
+// "1-5 8" (a node of one id shows it once); the empty text for no list.
+inline std::string spans_of(const id_range *list) {
+    std::string spans;
     const id_range *previous = nullptr;
     for (const id_range *node = list; node != nullptr; node = node->next) {
         EXPECT_EQ(node->prev, previous) << "back link of " << node->start;
-        spans.emplace_back(node->start, node->end);
+        spans += (spans.empty() ? "" : " ") + std::to_string(node->start);
+        if (node->end != node->start) {
+            spans += "-" + std::to_string(node->end);
+        }
         previous = node;
     }
     return spans;
 }
 
-struct Instance {
-    uint32_t id;
-    Spans members;
-    bool operator==(const Instance &) const = default;
-};
-
-inline std::vector<Instance> instances_of(const id_instance *list) {
-    std::vector<Instance> instances;
+// "2{1-2 5} 1{3-4}": each instance with its members, in list order.
+inline std::string instances_of(const id_instance *list) {
+    std::string instances;
     const id_instance *previous = nullptr;
     for (const id_instance *node = list; node != nullptr; node = node->next) {
         EXPECT_EQ(node->prev, previous) << "back link of instance " << node->id;
-        instances.push_back({node->id, spans_of(node->ranges)});
+        instances += (instances.empty() ? "" : " ") + std::to_string(node->id) + "{" +
+                     spans_of(node->ranges) + "}";
         previous = node;
     }
     return instances;
-}
-
-inline void PrintTo(const Instance &instance, std::ostream *os) {
-    *os << instance.id << ":";
-    for (const auto &[start, end] : instance.members) {
-        *os << " " << start << "-" << end;
-    }
 }
 
 struct FreeRanges {

@@ -1,3 +1,5 @@
+// Chassis roots as the generator writes them: the big-endian records at their
+// offsets, and the description read back.
 #include "chassis_desc.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +9,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <string>
 
 namespace {
@@ -26,58 +27,78 @@ class RootTest : public testing::Test {
         fs::remove_all(dir_, ec);
     }
 
-    gvsim::ChassisDesc parse(const std::string &text) {
+    gvsim::ChassisDesc write(const std::string &text) {
         gvsim::ChassisDesc desc;
         std::string error;
         EXPECT_TRUE(gvsim::parse_chassis(text, desc, error)) << error;
+        EXPECT_TRUE(gvsim::write_root(desc, dir_.string(), error)) << error;
         return desc;
-    }
-    void write(const gvsim::ChassisDesc &desc) {
-        std::string error;
-        ASSERT_TRUE(gvsim::write_root(desc, dir_.string(), error)) << error;
     }
     std::string read(const std::string &relative) const {
         std::ifstream in(dir_ / relative, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     }
-    bool exists(const std::string &relative) const { return fs::exists(dir_ / relative); }
-    std::uint32_t be32(const std::string &relative, std::size_t offset) const {
-        const std::string bytes = read(relative);
-        std::uint32_t value = 0;
-        for (std::size_t i = 0; i < 4; ++i)
-            value = value << 8 | static_cast<std::uint8_t>(bytes.at(offset + i));
-        return value;
-    }
-
     fs::path dir_;
 };
 
-const std::string kChassis = "model_name Lab OLT\nreal_model_name K7400A_SFU\nmodel_code 9\n"
-                             "dual_os 1\ndefault_os 2\nslots 4\nslot 1 21 4\nslot 2 0 0\n"
-                             "slot 3 22 4\nslot 4 30 2\nlogical_ports 14\nchannel_groups 2\n"
-                             "fan 1 installed\nfan 2 fault\nfan 3 absent\npower 2 installed\n"
-                             "hw_revision 1.3\nsw_version 5.2.14\nbl_version 2.05\n"
-                             "serial GV1\nvendor_id 16\nvendor_functions 0 33 64 95\n"
-                             "config_version 2\n";
-
-// The library takes a value as the fourth blank-separated word of its /proc/system line.
-std::string fourth_word_of_line(const std::string &text, const std::string &label) {
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.find(label) == std::string::npos)
-            continue;
-        std::istringstream words(line);
-        std::string word;
-        for (int i = 0; i < 4; ++i)
-            words >> word;
-        return word;
-    }
-    return "";
+std::uint32_t be32(const std::string &bytes, std::size_t offset) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 4; ++i)
+        value = value << 8 | static_cast<std::uint8_t>(bytes.at(offset + i));
+    return value;
 }
 
-TEST_F(RootTest, RoundTripsTheDescription) {
-    const gvsim::ChassisDesc desc = parse(kChassis);
-    write(desc);
+TEST_F(RootTest, ModelRecordIsBigEndianAtItsOffsets) {
+    // Distinct counts per kind, so that a field at the wrong offset shows.
+    write("model_name TEST3\nreal_model_name K7400_SFU\nmodel_code 6\nl3 1\ndual_os 7\n"
+          "slots 3\nslot 1 32 8\nslot 2 13 9\nslot 3 22 16\ninterlink 2\nlogical_ports 14\n"
+          "channel_groups 11\n");
+    const std::string record = read("proc/shape/ioctrl");
+    ASSERT_EQ(record.size(), gvsim::kModelRecordSize);
+    const struct {
+        std::size_t offset;
+        std::uint32_t value;
+        const char *field;
+    } fields[] = {{136, 49, "kind 0"}, {140, 33, "kind 1"}, {144, 14, "kind 2"},
+                  {148, 17, "kind 4"}, {152, 33, "kind 5"}, {156, 16, "kind 7 before kind 6"},
+                  {160, 2, "kind 6"},  {164, 3, "kind 8"},  {168, 11, "kind 9"},
+                  {172, 3, "slots"},   {176, 8, "slot 1"},  {180, 9, "slot 2"},
+                  {184, 16, "slot 3"}, {188, 0, "slot 4"},  {304, 0, "slot 33"}};
+    for (const auto &[offset, value, field] : fields)
+        EXPECT_EQ(be32(record, offset), value) << field << " at " << offset;
+    EXPECT_EQ(record[139], 49) << "least significant byte last";
+    EXPECT_STREQ(&record[0], "TEST3");
+    EXPECT_STREQ(&record[42], "K7400_SFU");
+    EXPECT_EQ(record.substr(64, 2), "\x01\x07");
+    EXPECT_EQ(record.substr(66, 70), std::string(70, '\0'));
+}
+
+TEST_F(RootTest, SlotlessRecordKeepsTheLongestNamesTerminated) {
+    const std::string name(gvsim::kModelNameMax, 'N');
+    const std::string board(gvsim::kRealModelNameMax, 'B');
+    write("model_name " + name + "\nreal_model_name " + board +
+          "\nmodel_code 20\nslots 0\ngroup 1 4\nlogical_ports 5\n");
+    const std::string record = read("proc/shape/ioctrl");
+    EXPECT_EQ(record.substr(0, 64), name + '\0' + board + '\0');
+    EXPECT_EQ(be32(record, 140), 4U);
+    EXPECT_EQ(record.substr(172), std::string(136, '\0')) << "no slots, no ports per slot";
+}
+
+// Blanks inside a name, a comment and a CR are the description's own; units
+// may come in any order.
+const std::string kChassis = "model_name  Lab OLT  # comment\r\nreal_model_name K7400A_SFU\n"
+                             "model_code 9\ndual_os 1\ndefault_os 2\nslots 4\nslot 1 21 4\n"
+                             "slot 3 22 4\nslot 4 30 2\nlogical_ports 14\nchannel_groups 2\n"
+                             "fan 2 fault\nfan 1 installed\npower 2 installed\nsfu_mate absent\n"
+                             "hw_revision 1.3\nsw_version 5.2.14\nbl_version 2.05\nserial GV1\n"
+                             "vendor_id 16\nvendor_functions 0 33 64 95\nconfig_version 2\n";
+
+TEST_F(RootTest, DescriptionReadsBackFromTheRoot) {
+    const gvsim::ChassisDesc desc = write(kChassis);
+    EXPECT_EQ(desc.model_name, "Lab OLT");
+    EXPECT_EQ(desc.system_model, "Lab OLT");
+    EXPECT_EQ(desc.fans[0].index * 10 + desc.fans[1].index, 12);
+    EXPECT_EQ(desc.slots[1], gvsim::SlotDesc{}); // slot 2 not listed: empty
     gvsim::ChassisDesc back;
     std::string error;
     ASSERT_TRUE(gvsim::load_root_chassis(dir_.c_str(), back, error)) << error;
@@ -85,92 +106,15 @@ TEST_F(RootTest, RoundTripsTheDescription) {
     EXPECT_TRUE(fs::is_directory(dir_ / "tmp"));
 }
 
-TEST_F(RootTest, ModelRecordFileHoldsTheRecord) {
-    const gvsim::ChassisDesc desc = parse(kChassis);
-    write(desc);
-    const auto record = gvsim::encode_model_record(desc);
-    EXPECT_EQ(read("proc/shape/ioctrl"), std::string(record.begin(), record.end()));
-}
-
-TEST_F(RootTest, TextFilesCarryWhatTheLibraryLooksFor) {
-    write(parse(kChassis));
-    const std::string system = read("proc/system");
-    const struct {
-        const char *label;
-        const char *value;
-    } infos[] = {{"H/W Revision", "1.3"},
-                 {"NOS Version", "5.2.14"},
-                 {"B/L Version", "2.05"},
-                 {"Serial Number", "GV1"}};
-    for (const auto &[label, value] : infos)
-        EXPECT_EQ(fourth_word_of_line(system, label), value) << label;
-    EXPECT_NE(system.find("Model Name      : Lab OLT\n"), std::string::npos) << system;
-    EXPECT_EQ(read("proc/sysinfo"), system);
-    EXPECT_NE(read("proc/bootcfg").find("\ndefault-os : 31\n"), std::string::npos);
-    EXPECT_TRUE(exists("proc/ossel/ctrl"));
-    EXPECT_EQ(read("proc/shelf/chassis_type"), "2\n");
-    EXPECT_NE(read("etc/ZebOS.conf").find("\n!configdb_version 2\n"), std::string::npos);
-    // Fitted line cards only: the SFU slot and the empty slot stay out.
-    EXPECT_EQ(read("etc/eqm.conf"), "slot 1 21 4 1\nslot 4 30 2 1\n");
-}
-
-TEST_F(RootTest, ShelfStatusShowsInstalledOnlyForFittedUnits) {
-    write(parse(kChassis));
-    const struct {
-        const char *path;
-        bool installed;
-    } units[] = {{"proc/shelf/fan_slot01/status", true},
-                 {"proc/shelf/fan_slot02/status", true}, // fitted, with an alarm
-                 {"proc/shelf/fan_slot03/status", false},
-                 {"proc/shelf/power_slot02/status", true}};
-    for (const auto &[path, installed] : units) {
-        ASSERT_TRUE(exists(path)) << path;
-        EXPECT_EQ(read(path).find("Installed") != std::string::npos, installed) << path;
-    }
-    EXPECT_FALSE(exists("proc/shelf/power_slot01"));
-    EXPECT_NE(read("proc/shelf/fan_slot02/status").find("Alarm : fan stopped"), std::string::npos);
-}
-
-TEST_F(RootTest, BoardInfoAndSwitchMapsAreBigEndian) {
-    write(parse(kChassis));
-    ASSERT_EQ(read("proc/boardinfo/raw").size(), 1980U);
-    EXPECT_EQ(be32("proc/boardinfo/raw", 424), 16U);
-    EXPECT_EQ(be32("proc/boardinfo/raw", 428), 0x80000001U); // bits 95 and 64
-    EXPECT_EQ(be32("proc/boardinfo/raw", 432), 0x00000002U); // bit 33
-    EXPECT_EQ(be32("proc/boardinfo/raw", 436), 0x00000001U); // bit 0
-    const std::string map = read("proc/switch/misc/ioctrl");
-    ASSERT_EQ(map.size(), 776U);
-    EXPECT_EQ(be32("proc/switch/misc/ioctrl", 0), 1U);
-    // pnums 1-4 GPON, 5-6 GE and 7-8 XE on the K7400A SFU, 9-10 XGSPON.
-    const std::string codes = {52, 52, 52, 52, 2, 2, 3, 3, 54, 54, 0};
-    EXPECT_EQ(map.substr(8, codes.size()), codes);
-    EXPECT_EQ(map.substr(200, codes.size()), codes);
-    EXPECT_EQ(map.substr(392, codes.size()), std::string({0, 0, 0, 0, 1, 1, 1, 1, 0, 0, 0}));
-}
-
-TEST_F(RootTest, RewritingDropsFilesTheChassisNoLongerHas) {
-    write(parse(kChassis));
-    write(parse("model_name Box\nreal_model_name K3100X\nmodel_code 20\nslots 0\n"
-                "group 1 8\nlogical_ports 5\nfan 1 absent\n"));
-    EXPECT_FALSE(exists("proc/ossel/ctrl"));
-    EXPECT_FALSE(exists("proc/shelf/chassis_type"));
-    EXPECT_FALSE(exists("proc/shelf/fan_slot02"));
-    EXPECT_FALSE(exists("proc/shelf/power_slot02"));
-    EXPECT_TRUE(exists("proc/shelf/fan_slot01/status"));
-    EXPECT_EQ(read("etc/eqm.conf"), "");
-    EXPECT_EQ(read("etc/ZebOS.conf").find("configdb_version"), std::string::npos);
-}
-
 TEST_F(RootTest, ReportsWhatCouldNotBeDone) {
     std::ofstream(dir_ / "file") << "x";
+    gvsim::ChassisDesc desc;
     std::string error;
-    EXPECT_FALSE(gvsim::write_root(parse(kChassis), (dir_ / "file").string(), error));
+    EXPECT_FALSE(gvsim::write_root(desc, (dir_ / "file").string(), error));
     EXPECT_NE(error.find((dir_ / "file").string()), std::string::npos) << error;
 
-    gvsim::ChassisDesc desc;
     EXPECT_FALSE(gvsim::load_root_chassis(dir_.c_str(), desc, error));
     EXPECT_EQ(error, (dir_ / "sim/chassis").string() + ": No such file or directory");
-
     fs::create_directories(dir_ / "sim");
     std::ofstream(dir_ / "sim/chassis") << "model_name X\nslots 40\n";
     EXPECT_FALSE(gvsim::load_root_chassis(dir_.c_str(), desc, error));
