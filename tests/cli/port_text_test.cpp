@@ -108,6 +108,17 @@ TEST(PortText, CommandClauseOfAPnumList) {
     }
     // No type word: what the destination held stays, the runs follow it.
     EXPECT_EQ(clause({49}, "keep"), "keep0/0");
+    // 300 separate runs: the first 256 are held and the text stops at 127
+    // characters ("0/0," 31 times, then "0/0") instead of overrunning.
+    std::vector<uint32_t> apart;
+    for (uint32_t pnum = 49; apart.size() < 300; pnum += 2) {
+        apart.push_back(pnum);
+    }
+    std::string cut;
+    for (int run = 0; run < 31; ++run) {
+        cut += "0/0,";
+    }
+    EXPECT_EQ(clause(apart, "keep"), "keep" + cut + "0/0");
     uint32_t one = 1;
     char text[8] = "x";
     EXPECT_EQ(gv_get_cli_format_string_from_plist(nullptr, 1, text), -1);
