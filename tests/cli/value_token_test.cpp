@@ -131,6 +131,12 @@ TEST(MapperGemport, IndexesOnceEachOrNothing) {
     expect_rows(indexes<20>, {{"1/1,3/8", "", "%check if it is suitable parameter : 2/0, 24\n"}});
     uint32_t out[1];
     EXPECT_EQ(get_mapper_gemport(nullptr, out, 256, kPer, nullptr), 0);
+    // 2,048 ranges are held; the 2,049th item (2/1, index 9) is dropped.
+    std::string held;
+    for (int item = 0; item < 2048; ++item) {
+        held += "1/1,";
+    }
+    EXPECT_EQ(indexes<256>((held + "2/1").c_str(), nullptr), "1");
 }
 
 TEST(TrunkTag, KeywordsOfTheDistributionTable) {
