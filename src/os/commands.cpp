@@ -1,8 +1,10 @@
 #include "os/os.h"
 
 #include <array>
+#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
+#include <syslog.h>
 
 namespace gv::os {
 
@@ -81,6 +83,30 @@ int run_command(const char *command) noexcept {
     }
 #endif
     return std::system(command);
+}
+
+std::FILE *open_pipe(const char *command, const char *mode) noexcept {
+    if (command == nullptr || mode == nullptr) {
+        return nullptr;
+    }
+#if GVUTIL_HOST_SIM
+    if (const char *root = host_root(); root != nullptr) {
+        Line line;
+        return reroot(command, root, line) ? ::popen(line.c_str(), mode) : nullptr;
+    }
+#endif
+    return ::popen(command, mode);
+}
+
+int close_pipe(std::FILE *pipe) noexcept {
+    return pipe != nullptr ? ::pclose(pipe) : -1;
+}
+
+void log_error(const char *format, ...) noexcept {
+    va_list args;
+    va_start(args, format);
+    ::vsyslog(LOG_ERR, format, args);
+    va_end(args);
 }
 
 } // namespace gv::os

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <ctime>
 #include <span>
 #include <string_view>
 
@@ -42,6 +43,26 @@ bool write_all(int fd, std::string_view text) noexcept;
 // /tmp paths in the line are re-rooted and $GVUTIL_ROOT/bin comes first in
 // PATH; a line that cannot be re-rooted whole is not run (-1).
 int run_command(const char *command) noexcept;
+
+// popen(3) of a command line, re-rooted as run_command re-roots it; null
+// when it cannot be started. close_pipe answers pclose(3)'s status.
+std::FILE *open_pipe(const char *command, const char *mode) noexcept;
+int close_pipe(std::FILE *pipe) noexcept;
+
+// The private request of a /proc control entry (SIOCDEVPRIVATE): the request
+// line goes in, the driver writes a text reply of at most reply.size() bytes.
+// True with the driver's result word in *result; false with errno when the
+// request itself fails. Under a host root an entry that is a regular file is
+// a responder program or a reply file. The reply always ends in a NUL.
+bool text_channel(int fd, const char *path, int flag, const char *request, std::span<char> reply,
+                  int *result) noexcept;
+
+// The time in seconds; a host build answers the simulation's clock, which
+// tests hold and advance.
+std::time_t now() noexcept;
+
+// One line to the system log at error priority.
+__attribute__((format(printf, 1, 2))) void log_error(const char *format, ...) noexcept;
 
 // Heap blocks the library owns for a while (range nodes, zeroed work
 // buffers, the VLAN group table). On the chassis these are malloc, calloc

@@ -81,6 +81,12 @@ void ChassisRoot::write_file(std::string_view relative, std::string_view bytes) 
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
+void ChassisRoot::write_program(std::string_view relative, std::string_view script) const {
+    write_file(relative, script);
+    fs::permissions(fs::path(path_) / relative,
+                    fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec);
+}
+
 void unload_model() {
     std::memset(&g_model, 0, sizeof g_model);
     hal_num_logical_ports = 0;

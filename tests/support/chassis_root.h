@@ -31,6 +31,9 @@ class ChassisRoot {
 
     // Replaces a file of the root (path relative to it, e.g. "proc/shape/ioctrl").
     void write_file(std::string_view relative, std::string_view bytes) const;
+    // The same, executable: a responder of a control entry or a program of
+    // the root's bin/ ("#!/bin/sh\n...").
+    void write_program(std::string_view relative, std::string_view script) const;
 
   private:
     gvsim::ChassisDesc desc_;

@@ -45,6 +45,28 @@
  *                                    box), card_type[s] = the card in real slot s
  *                                    (0 when empty); NULL without a root.
  *
+ * Clock (gv_check_update_period and the library's clock in a host build)
+ *   gvsim_now() is the system's time until a test holds it with
+ *   gvsim_clock_set; gvsim_clock_advance moves a held clock (holding it at
+ *   the current time first), gvsim_clock_release gives the system's time
+ *   back. gv_check_update_period(&stamp, s) answers 1 and renews the stamp
+ *   when s seconds have passed since it, or when the stamp lies ahead of the
+ *   clock; else 0.
+ *
+ * Text channels (swch_sioctl, and the library's private-ioctl channel under
+ * a root)
+ *   A control entry of the root is an executable responder or a plain file.
+ *   A responder runs with the request as its one argument, GVSIM_NOW in its
+ *   environment (the clock above, in seconds) and standard input from
+ *   /dev/null; its standard output is the reply (cut to fit, the rest read
+ *   and dropped) and its exit status, taken as a signed byte (255 is -1), is
+ *   the result. A plain file's content answers every request with result 0.
+ *   A responder still running after the channel timeout (5 s unless
+ *   gvsim_channel_timeout says otherwise) is killed: -1 with ETIMEDOUT.
+ *   swch_sioctl(path, command, &reply, flag) runs the exchange on the root's
+ *   entry into one static 8192-byte reply; -1 and an empty reply without a
+ *   root or entry.
+ *
  * Balanced tree (avl_*)
  *   A red-black tree. Items are ordered by compare(new or sought item, held
  *   item); an item comparing equal to a held one is refused by avl_Insert
@@ -99,6 +121,21 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+
+/* The host clock: the system's time, or the time a test holds. */
+time_t gvsim_now(void);
+void gvsim_clock_set(time_t now);
+void gvsim_clock_advance(long seconds);
+void gvsim_clock_release(void);
+
+/* One text-channel exchange on a host path (a responder or a reply file):
+ * 0 with the channel's result in *result, or -1 with errno when there was no
+ * exchange. The reply is cleared first and always ends in a NUL within size
+ * bytes. */
+int gvsim_channel_exchange(const char *path, const char *request, char *reply, size_t size,
+                           int *result);
+/* How long a responder may run; 0 or less restores the default 5000 ms. */
+void gvsim_channel_timeout(int milliseconds);
 
 /* Blocks of the tracked allocator not yet freed: all, or those of one source. */
 long gvsim_live_allocations(void);
