@@ -91,58 +91,41 @@ TEST(ParseInt, SignExtendsTheContentOctets) {
     }
 }
 
-TEST(ParseInt, LongerFormsReadUpToFourOctets) {
+// Longer forms than needed, the four-octet limit, the type octet taken
+// before the count is looked at (nothing remaining included), and an empty
+// integer whose sign is the octet after its header (only the header is
+// consumed).
+TEST(ParseInt, LongFormsLimitsAndOddities) {
     struct Case {
         Bytes in;
-        bool accepted;
+        std::int32_t room;
+        int consumed; // -1: refused
         std::int32_t value;
     };
     const Case cases[] = {
-        {{0x02, 0x04, 0x00, 0x00, 0x00, 0x01}, true, 1},
-        {{0x02, 0x03, 0xff, 0xff, 0xff}, true, -1},
-        {{0x02, 0x04, 0xff, 0xff, 0xff, 0x80}, true, -128},
-        {{0x02, 0x05, 0x00, 0x00, 0x00, 0x00, 0x01}, false, 0},
-        {{0x02, 0x05, 0x00, 0x80, 0x00, 0x00, 0x00}, false, 0},
-        // The type octet is not checked: application types read alike.
-        {{0x41, 0x02, 0x01, 0x00}, true, 256},
+        {{0x02, 0x04, 0x00, 0x00, 0x00, 0x01}, 6, 6, 1},
+        {{0x02, 0x03, 0xff, 0xff, 0xff}, 5, 5, -1},
+        {{0x02, 0x05, 0x00, 0x00, 0x00, 0x00, 0x01}, 7, -1, 0},
+        {{0x41, 0x02, 0x01, 0x00}, 4, 4, 256},
+        {{0x02, 0x01, 0x05}, 0, -1, 0},
+        {{0x02, 0x01, 0x05}, 1, -1, 0},
+        {{0x02, 0x01, 0x05}, -1, -1, 0},
+        {{0x02, 0x00, 0x7f}, 3, 2, 0},
+        {{0x02, 0x00, 0x80}, 3, 2, -1},
+        {{0x02, 0x00, 0xff}, 2, 2, -1},
     };
     for (const Case &c : cases) {
-        auto remaining = static_cast<std::int32_t>(c.in.size());
+        std::int32_t remaining = c.room;
         std::int32_t value = 99;
         std::uint8_t type = 0;
         const std::uint8_t *end = snmp_parse_int(c.in.data(), &remaining, &type, &value, 4);
-        EXPECT_EQ(end, c.accepted ? c.in.data() + c.in.size() : nullptr) << c.in.size();
-        EXPECT_EQ(value, c.accepted ? c.value : 99);
-        EXPECT_EQ(remaining, c.accepted ? 0 : static_cast<std::int32_t>(c.in.size()));
+        const bool accepted = c.consumed >= 0;
+        EXPECT_EQ(end, accepted ? c.in.data() + c.consumed : nullptr)
+            << c.in.size() << " in " << c.room;
+        EXPECT_EQ(value, accepted ? c.value : 99) << c.in.size() << " in " << c.room;
+        EXPECT_EQ(remaining, c.room - (accepted ? c.consumed : 0))
+            << c.in.size() << " in " << c.room;
         EXPECT_EQ(type, c.in[0]);
-    }
-}
-
-// An empty integer takes its sign from the octet after its header, and
-// only the header is consumed.
-TEST(ParseInt, EmptyContentIsTheSignOfTheNextOctet) {
-    for (const auto &[next, expected] : {std::pair{0x7f, 0}, {0x80, -1}, {0x00, 0}, {0xff, -1}}) {
-        const Bytes in{0x02, 0x00, static_cast<std::uint8_t>(next)};
-        std::int32_t remaining = 3;
-        std::int32_t value = 99;
-        std::uint8_t type = 0;
-        EXPECT_EQ(snmp_parse_int(in.data(), &remaining, &type, &value, 4), in.data() + 2);
-        EXPECT_EQ(value, expected) << next;
-        EXPECT_EQ(remaining, 1);
-    }
-}
-
-// The type octet is stored before the count is looked at, so even a
-// parse with nothing remaining reports it.
-TEST(ParseInt, TypeIsTakenWhenNothingRemains) {
-    const Bytes in{0x02, 0x01, 0x05};
-    for (const std::int32_t room : {0, 1, -1}) {
-        std::int32_t remaining = room;
-        std::int32_t value = 99;
-        std::uint8_t type = 0;
-        EXPECT_EQ(snmp_parse_int(in.data(), &remaining, &type, &value, 4), nullptr) << room;
-        EXPECT_EQ(type, 0x02);
-        EXPECT_EQ(remaining, room);
     }
 }
 
