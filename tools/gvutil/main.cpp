@@ -75,6 +75,8 @@ constexpr std::array kCommands = {
             "per-port values grouped into command lines (both forms)", run_portcmds},
     Command{"vpcmds", "vpcmds WORD OPTION TAIL VID:PNUM:VALUE,...",
             "per-port VLAN values grouped into command lines", run_vpcmds},
+    Command{"ber", "ber encode int N | encode string TEXT | decode HEX...",
+            "BER octets of an integer or a text; hex octets decoded", run_ber},
 };
 
 const Command *find_command(const char *name) {
