@@ -11,6 +11,7 @@
 
 #include "gvutil/export.h"
 #include "gvutil/model.h"
+#include "gvutil/porttext.h"
 
 GVUTIL_BEGIN_DECLS
 
@@ -36,22 +37,8 @@ typedef struct slot_port_pair {
     uint8_t port;
 } slot_port_pair;
 
-/* ---- Port number text forms ------------------------------------------ */
+/* ---- Port clause ---------------------------------------------------- */
 
-/* Interface name of a pnum (the platform's name, or "CG%d"). */
-GVUTIL_API void convert_p_format_to_s_format(int pnum, char *dest) GVUTIL_NOEXCEPT;
-/* "%d/%d" (user slot/port) or "CG%d"; answers dest. */
-GVUTIL_API char *convert_p_format_to_s_legacy_format(int pnum, char *dest) GVUTIL_NOEXCEPT;
-/* pnum of a real slot and port; 0 when there is none. */
-GVUTIL_API int convert_s_format_to_p_format(int slot, int port) GVUTIL_NOEXCEPT;
-GVUTIL_API char *sputil_mk_string_from_int_port(int pnum, char *dest, int size) GVUTIL_NOEXCEPT;
-/* dest is 64 bytes; a chassis without slots answers text itself. */
-GVUTIL_API const char *sputil_mk_string_from_str_port(const char *text, char *dest) GVUTIL_NOEXCEPT;
-/* "mapper/port" of a GEM index, per GEM ports to a mapper. */
-GVUTIL_API char *sputil_mk_string_from_int_gemport(int index, char *dest, int size,
-                                                   int per) GVUTIL_NOEXCEPT;
-GVUTIL_API int gv_get_slot_number_from_log_pnum(int pnum) GVUTIL_NOEXCEPT;
-GVUTIL_API int gv_get_slotport_number_from_log_pnum(int pnum) GVUTIL_NOEXCEPT;
 GVUTIL_API int gv_get_if_type(int pnum, int slot, int port, char *dest, int size) GVUTIL_NOEXCEPT;
 /* The interface clause of a command (" gigabitethernet 1/1-4,2/3") for a
  * pnum list, which is sorted in place; 0, or -1 for a NULL or empty list. */

@@ -1,6 +1,6 @@
 // The interface type of a port and the interface clause of a command
 // (" gigabitethernet 1/1-4,2/3") built from a list of pnums.
-#include "cli/pnum_forms.h"
+#include "porttext/pnum_forms.h"
 #include "gvutil/cli.h"
 #include "gvutil/ifname.h"
 #include "gvutil/platform.h"
@@ -13,7 +13,7 @@
 #include <span>
 #include <strings.h>
 
-using gv::cli::PnumCounts;
+using gv::porttext::PnumCounts;
 
 namespace {
 
@@ -66,7 +66,7 @@ int gv_get_if_type(int pnum, int slot, int port, char *dest, int size) noexcept 
             }
             return 0;
         }
-        gv::cli::map_type_b_trunk(pnum, slot, port);
+        gv::porttext::map_type_b_trunk(pnum, slot, port);
     }
     char name[64] = {};
     get_ifname(slot, port, name);
@@ -101,7 +101,7 @@ int gv_get_cli_format_string_from_plist(uint32_t *list, int count, char *dest) n
                    sizeof type_word);
     const ClausePrefix *prefix = find_clause_prefix(type_word);
     if (prefix != nullptr) {
-        gv::cli::put_text(dest, prefix->prefix);
+        gv::porttext::put_text(dest, prefix->prefix);
     }
     const bool groups = prefix != nullptr && std::strcmp(prefix->type_word, kChannelGroupWord) == 0;
 

@@ -1,5 +1,5 @@
 // One port's text for the set formatters and the shell's older callers.
-#include "gvutil/cli.h"
+#include "gvutil/porttext.h"
 #include "gvutil/model.h"
 #include "gvutil/platform.h"
 #include "gvutil/settext.h"

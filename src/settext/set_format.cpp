@@ -1,5 +1,5 @@
 // Port, bridge and VLAN sets printed as range text ("1/1-4,2/3", "1-3,10").
-#include "gvutil/cli.h"
+#include "gvutil/porttext.h"
 #include "gvutil/model.h"
 #include "gvutil/platform.h"
 #include "gvutil/settext.h"

@@ -5,7 +5,7 @@
 
 #include "model/model_record.h"
 
-namespace gv::cli {
+namespace gv::porttext {
 
 struct PnumCounts {
     int total;
@@ -32,4 +32,4 @@ void map_type_b_trunk(int pnum, int &slot, int &port) noexcept;
 // Writes text and its terminator at dest; the caller sized dest.
 void put_text(char *dest, const char *text) noexcept;
 
-} // namespace gv::cli
+} // namespace gv::porttext

@@ -1,13 +1,13 @@
 // Text forms of a port number: interface names, slot/port text, GEM indexes.
-#include "cli/pnum_forms.h"
-#include "gvutil/cli.h"
+#include "porttext/pnum_forms.h"
+#include "gvutil/porttext.h"
 #include "gvutil/platform.h"
 #include "sys/scan.h"
 
 #include <cstdio>
 #include <cstring>
 
-namespace gv::cli {
+namespace gv::porttext {
 
 void map_type_b_trunk(int pnum, int &slot, int &port) noexcept {
     slot = 0;
@@ -20,10 +20,10 @@ void put_text(char *dest, const char *text) noexcept {
     std::memcpy(dest, text, std::strlen(text) + 1);
 }
 
-} // namespace gv::cli
+} // namespace gv::porttext
 
-using gv::cli::PnumCounts;
-using gv::cli::put_text;
+using gv::porttext::PnumCounts;
+using gv::porttext::put_text;
 
 namespace {
 
@@ -66,7 +66,7 @@ void convert_p_format_to_s_format(int pnum, char *dest) noexcept {
     }
     int slot = 0;
     int port = 0;
-    gv::cli::map_type_b_trunk(pnum, slot, port);
+    gv::porttext::map_type_b_trunk(pnum, slot, port);
     get_ifname(slot, port, dest);
 }
 
@@ -94,7 +94,7 @@ char *convert_p_format_to_s_legacy_format(int pnum, char *dest) noexcept {
     }
     int slot = 0;
     int port = 0;
-    gv::cli::map_type_b_trunk(pnum, slot, port);
+    gv::porttext::map_type_b_trunk(pnum, slot, port);
     // The trunk's port is shown in real slot numbers, unlike a physical port.
     put_slot_port(dest, slot, port);
     return dest;
