@@ -43,6 +43,10 @@ bool write_all(int fd, std::string_view text) noexcept;
 // PATH; a line that cannot be re-rooted whole is not run (-1).
 int run_command(const char *command) noexcept;
 
+// Sleeps for at least this many milliseconds, signals or not. Real in every
+// build: what waits on another process's progress waits in real time.
+void nap(unsigned milliseconds) noexcept;
+
 // Heap blocks the library owns for a while (range nodes, zeroed work
 // buffers, the VLAN group table). On the chassis these are malloc, calloc
 // and free; a host build takes them from the host chassis' heap, which
