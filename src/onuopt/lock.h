@@ -14,6 +14,9 @@ class StoreLock {
     ~StoreLock();
     StoreLock(const StoreLock &) = delete;
     StoreLock &operator=(const StoreLock &) = delete;
+
+  private:
+    int sem_id_; // the set taken, released on leaving; -1 when none was taken
 };
 
 // The accessors below run `access` under the lock and answer 0, or answer -1

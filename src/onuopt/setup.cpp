@@ -6,9 +6,9 @@
 
 #include "onuopt/layout.h"
 #include "onuopt/lock.h"
+#include "onuopt/semaphore.h"
 #include "os/ipc.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -57,22 +57,12 @@ int gv_opt_format_attach_shm(int shm_id) noexcept {
     return 0;
 }
 
-// Only the creator sets the semaphore: a later process must not release a
-// lock that someone holds. The texts stay letter for letter ("SHEMAPHORE",
-// "semctrl"): log scanners on the chassis match them.
 int gv_opt_format_create_sem() noexcept {
-    int sem_id = gv::os::sem_get(kKey, 1, IPC_CREAT | IPC_EXCL | kMode);
-    if (sem_id >= 0) {
-        if (gv::os::sem_set_value(sem_id, 0, 1) < 0) {
-            fail_setup(" SHEMAPHORE : semctrl failed !!!\n");
-        }
-    } else if (errno == EEXIST) {
-        sem_id = gv::os::sem_get(kKey, 1, kMode);
+    const SemaphoreSetUp set_up = set_up_semaphore();
+    if (set_up.sem_id < 0) {
+        fail_setup(set_up.failure);
     }
-    if (sem_id < 0) {
-        fail_setup(" SHEMAPHORE : semget failed !!!\n");
-    }
-    handle().sem_id = sem_id;
+    handle().sem_id = set_up.sem_id;
     return 0;
 }
 

@@ -55,12 +55,4 @@ bool text_channel(int fd, const char *path, int flag, const char *request, std::
     return true;
 }
 
-std::time_t now() noexcept {
-#if GVUTIL_HOST_SIM
-    return gvsim_now();
-#else
-    return std::time(nullptr);
-#endif
-}
-
 } // namespace gv::os

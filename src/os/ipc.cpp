@@ -48,6 +48,24 @@ int sem_change(int sem_id, unsigned short index, short delta, short flags) noexc
     return ::semop(sem_id, &op, 1);
 }
 
+int sem_value(int sem_id, int index) noexcept {
+    return ::semctl(sem_id, index, GETVAL);
+}
+
+int sem_ever_operated(int sem_id) noexcept {
+    semid_ds status{};
+    semun arg{};
+    arg.buf = &status;
+    if (::semctl(sem_id, 0, IPC_STAT, arg) < 0) {
+        return -1;
+    }
+    return status.sem_otime != 0 ? 1 : 0;
+}
+
+int sem_remove(int sem_id) noexcept {
+    return ::semctl(sem_id, 0, IPC_RMID);
+}
+
 std::size_t mapped_size(std::size_t size) noexcept {
     const long page = ::sysconf(_SC_PAGESIZE);
     const std::size_t unit = page > 0 ? static_cast<std::size_t>(page) : 4096;

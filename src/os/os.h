@@ -64,6 +64,10 @@ std::time_t now() noexcept;
 // One line to the system log at error priority.
 __attribute__((format(printf, 1, 2))) void log_error(const char *format, ...) noexcept;
 
+// Sleeps for at least this many milliseconds, signals or not. Real in every
+// build: what waits on another process's progress waits in real time.
+void nap(unsigned milliseconds) noexcept;
+
 // Heap blocks the library owns for a while (range nodes, zeroed work
 // buffers, the VLAN group table). On the chassis these are malloc, calloc
 // and free; a host build takes them from the host chassis' heap, which

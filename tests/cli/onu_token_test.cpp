@@ -17,8 +17,7 @@ using namespace gvtest;
 class OnuToken : public ::testing::Test {
   protected:
     static void SetUpTestSuite() {
-        const std::string error = enter_private_ipc_namespace();
-        ASSERT_TRUE(error.empty()) << error;
+        GVTEST_ENTER_PRIVATE_IPC_NAMESPACE();
         ASSERT_EQ(gv_opt_format_attach_shm(gv_opt_format_create_shm()), 0);
         ASSERT_EQ(gv_opt_format_create_sem(), 0);
     }

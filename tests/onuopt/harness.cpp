@@ -35,20 +35,30 @@ extern "C" int semop(int sem_id, sembuf *ops, size_t count) noexcept {
     spy::LockLog &log = spy::lock_log;
     const bool take = ops[0].sem_op < 0;
     log.without_undo += (ops[0].sem_flg & SEM_UNDO) == 0 ? 1 : 0;
+    if (take && !spy::take_errors.empty()) {
+        ++log.failed_takes;
+        errno = spy::take_errors.front();
+        spy::take_errors.erase(spy::take_errors.begin());
+        return -1;
+    }
+    // Nested: counted only.
+    const bool nested = take ? log.depth > 0 : log.depth > 1;
+    const int result = nested ? 0 : real_semop(sem_id, ops, count);
+    if (result != 0) {
+        log.failed_takes += take ? 1 : 0;
+        return result;
+    }
     if (take) {
         ++log.takes;
         log.deepest = std::max(log.deepest, ++log.depth);
+        if (spy::kill_at_take && !nested) {
+            raise(SIGKILL);
+        }
     } else {
         ++log.releases;
+        --log.depth;
     }
-    if (take ? log.depth > 1 : log.depth-- > 1) {
-        return 0; // nested: counted only
-    }
-    const int result = real_semop(sem_id, ops, count);
-    if (take && result == 0 && spy::kill_at_take) {
-        raise(SIGKILL);
-    }
-    return result;
+    return 0;
 }
 
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
@@ -65,6 +75,13 @@ extern "C" int semctl(int sem_id, int index, int cmd, ...) noexcept {
         errno = std::exchange(spy::setval_error, 0);
         return -1;
     }
+    if (cmd == SETVAL && spy::before_setval) {
+        std::exchange(spy::before_setval, nullptr)(sem_id);
+    }
+    if (cmd == GETVAL && spy::first_getval_fd >= 0) {
+        const char seen = 'v';
+        (void)!write(std::exchange(spy::first_getval_fd, -1), &seen, 1);
+    }
     return real_semctl(sem_id, index, cmd, arg);
 }
 
@@ -77,6 +94,25 @@ int sem_value() {
 void attach_store() {
     gv_opt_format_attach_shm(gv_opt_format_create_shm());
     gv_opt_format_create_sem();
+}
+
+std::string pattern(int writer, int round, std::size_t size) {
+    char head[24];
+    std::snprintf(head, sizeof head, "w%d r%d:", writer, round);
+    std::string text = head;
+    for (std::size_t i = text.size(); i < size; ++i) {
+        text += static_cast<char>('a' + (writer * 7 + round + static_cast<int>(i)) % 26);
+    }
+    return text;
+}
+
+std::pair<int, int> author(const char *text, std::size_t size) {
+    int writer = -1, round = -1;
+    if (std::sscanf(text, "w%d r%d:", &writer, &round) != 2 ||
+        pattern(writer, round, size) != std::string(text, size)) {
+        return {-1, -1};
+    }
+    return {writer, round};
 }
 
 pid_t start_child(const std::function<int()> &body, int err_fd) {
@@ -115,7 +151,7 @@ ChildResult in_child(const std::function<int()> &body) {
 // Each test gets a fresh IPC namespace: its store never meets another's, nor
 // the machine's real one.
 void Store::SetUp() {
-    ASSERT_EQ(gvtest::enter_private_ipc_namespace(), "");
+    GVTEST_ENTER_PRIVATE_IPC_NAMESPACE();
     const int shm_id = gv_opt_format_create_shm();
     ASSERT_EQ(gv_opt_format_attach_shm(shm_id), 0);
     ASSERT_EQ(gv_opt_format_create_sem(), 0);
@@ -127,6 +163,9 @@ void Store::SetUp() {
 }
 
 void Store::TearDown() {
+    if (IsSkipped()) {
+        return;
+    }
     const spy::LockLog log = spy::lock_log;
     EXPECT_EQ(log.takes, log.releases);
     EXPECT_LE(log.deepest, 1);

@@ -11,6 +11,7 @@
 #include <functional>
 #include <string>
 #include <sys/types.h>
+#include <utility>
 #include <vector>
 
 namespace spy {
@@ -19,13 +20,22 @@ namespace spy {
 // libc's (an executable's symbols come first).
 struct LockLog {
     int takes = 0, releases = 0, depth = 0, deepest = 0;
+    int failed_takes = 0; // takes the system (or take_errors) refused
     int without_undo = 0; // operations lacking SEM_UNDO
 };
 // Since the last reset (assign {}). A nested take is counted, not performed,
 // so a nesting fault shows as deepest > 1 instead of a hang.
 inline LockLog lock_log;
+// The next takes fail with these errors, first to last, without waiting.
+inline std::vector<int> take_errors;
 // When set, the next SETVAL fails with this errno.
 inline int setval_error = 0;
+// When set, runs once just before the next SETVAL reaches the system, with
+// the set's id: a creator killed or stopped between its two steps.
+inline std::function<void(int)> before_setval;
+// When not -1, the first GETVAL writes a byte here (and the descriptor is
+// forgotten): the process has started looking at a set.
+inline int first_getval_fd = -1;
 // When set, the process sends itself SIGKILL at its next successful take.
 inline bool kill_at_take = false;
 
@@ -50,6 +60,12 @@ struct ChildResult {
     std::string err; // what it wrote to stderr
 };
 ChildResult in_child(const std::function<int()> &body);
+
+// A text that checks itself: a header naming writer and round, then filler
+// that follows from the header.
+std::string pattern(int writer, int round, std::size_t size);
+// The writer and round of a self-checking text, or {-1, -1} when it is torn.
+std::pair<int, int> author(const char *text, std::size_t size);
 
 inline std::string bytes(const void *p, std::size_t n) {
     return {static_cast<const char *>(p), n};

@@ -12,7 +12,7 @@
 namespace {
 
 TEST(UnattachedStore, RefusesThenGoesUnlockedWithoutASemaphore) {
-    ASSERT_EQ(gvtest::enter_private_ipc_namespace(), "");
+    GVTEST_ENTER_PRIVATE_IPC_NAMESPACE();
     gvtest::ChassisRoot root{"test3"};
     char text[128] = {};
     uint8_t addr[8] = {1, 2, 3, 4, 5, 6, 7, 8};
