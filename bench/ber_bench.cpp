@@ -15,6 +15,7 @@
 #include <map>
 #include <random>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -117,6 +118,9 @@ void decode_netsnmp(benchmark::State &state) {
 // are asked for.
 class RatioReporter : public benchmark::ConsoleReporter {
   public:
+    // Colours only on a terminal: a piped or saved run stays plain text.
+    RatioReporter() : ConsoleReporter(isatty(STDOUT_FILENO) != 0 ? OO_ColorTabular : OO_Tabular) {}
+
     void ReportRuns(const std::vector<Run> &runs) override {
         ConsoleReporter::ReportRuns(runs);
         for (const Run &run : runs) {
