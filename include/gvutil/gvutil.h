@@ -9,6 +9,7 @@
 #include "gvutil/platform.h"
 #include "gvutil/range.h"
 #include "gvutil/settext.h"
+#include "gvutil/stats.h"
 #include "gvutil/sys.h"
 
 #endif
