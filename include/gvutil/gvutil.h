@@ -2,6 +2,7 @@
 #ifndef GVUTIL_H
 #define GVUTIL_H
 
+#include "gvutil/alarm.h"
 #include "gvutil/cli.h"
 #include "gvutil/ifname.h"
 #include "gvutil/model.h"

@@ -12,7 +12,8 @@ int main(void) {
     if (ps.bits[1] != 1u || get_start_slot() != 1 || sizeof *model != 308 ||
         get_real_slot_by_user_slot(0) != 3 || stoi("42") != 42 || sizeof(opt_format_onu_t) != 924 ||
         sizeof(opt_format_pon_t) != 119240 || sizeof(opt_format_db_t) != GV_OPT_FORMAT_SHM_SIZE ||
-        sizeof(gv_if_stats_t) != GV_IF_STATS_RECORD_SIZE) {
+        sizeof(gv_if_stats_t) != GV_IF_STATS_RECORD_SIZE || sizeof alarm_severity != 176 ||
+        sizeof last_module_state != 68 || alarm_severity[GV_ALARM_MINOR][GV_ALARM_DISABLED] != 0) {
         fprintf(stderr, "C view of the interface disagrees\n");
         return 1;
     }
