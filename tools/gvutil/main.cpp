@@ -75,6 +75,11 @@ constexpr std::array kCommands = {
             "per-port values grouped into command lines (both forms)", run_portcmds},
     Command{"vpcmds", "vpcmds WORD OPTION TAIL VID:PNUM:VALUE,...",
             "per-port VLAN values grouped into command lines", run_vpcmds},
+    Command{"stats", "stats PORT", "every counter of a port (GE1/3, 1/3 or an ifindex)", run_stats},
+    Command{"alarm",
+            "alarm [show|leds|raise CAUSE [N]|clear CAUSE [N]|route CAUSE SEV,..|none|"
+            "enable SEV|disable SEV]",
+            "alarm causes, their LEDs and the active alarms", run_alarm},
 };
 
 const Command *find_command(const char *name) {
