@@ -29,6 +29,8 @@ TEST_F(AlarmTest, ConfigurationLineRoundTrips) {
         expected += word == 14 ? " 1" : word == 43 ? " 2147483648" : " 0";
     }
     EXPECT_EQ(read("tmp/.alarm_led"), expected + "\n");
+    EXPECT_EQ(std::filesystem::status(root.path() + "/tmp/.alarm_led").permissions(),
+              std::filesystem::perms(0644));
     forget_tables();
     ASSERT_EQ(readAlarmLedProc(), 0);
     EXPECT_EQ(alarm_severity[0][0], 4294967295U);

@@ -165,6 +165,12 @@ TEST(MonitorOid, ClassifiesTheThreeTables) {
         EXPECT_EQ(table, c.table);
         EXPECT_EQ(column, c.column);
     }
+    if constexpr (sizeof(oid) > 4) {
+        const auto wide = with(ifx, {3, static_cast<oid>(0x100000005ULL)});
+        int index = 0;
+        EXPECT_EQ(gv_is_rmon_monitor_oid(wide.data(), wide.size(), &index, nullptr, nullptr), 0);
+        EXPECT_EQ(index, 5) << "the low 32 bits";
+    }
     const auto name = with(rmon, {5, 2});
     EXPECT_EQ(gv_is_rmon_monitor_oid(name.data(), name.size(), nullptr, nullptr, nullptr), 0);
     EXPECT_EQ(gv_is_rmon_monitor_oid(nullptr, 12, nullptr, nullptr, nullptr), -1);

@@ -236,6 +236,21 @@ TEST(StatsCards, SlotRecordsForCountedCardTypesOnly) {
     }
 }
 
+// Without a chassis root there is no equipment record and no driver: the
+// rebuild keeps twelve empty pnum records.
+TEST(StatsWithoutRoot, TwelveEmptyPnumRecords) {
+    gvtest::unload_model();
+    static time_t base = 50000;
+    gvsim_clock_set(base += 1000);
+    gv_if_stats_regist();
+    EXPECT_EQ(gv_if_get_stats_by_type("GE0/12", 1, 10), 0U);
+    EXPECT_EQ(gvtest::StatsRoot::records(), 12);
+    EXPECT_EQ(gv_if_get_stats_by_pnum(1, "GE1/1", 1, 10), 0U);
+    gv_if_stats_regist();
+    EXPECT_EQ(gvtest::StatsRoot::records(), 0);
+    gvsim_clock_release();
+}
+
 // What the tracked allocator holds: the records of the last build, and
 // nothing once the tree is made afresh. A refused record is skipped alone.
 TEST_F(StatsTest, RecordsAreFreedAndRefusalsSkipOnlyTheirRecord) {
