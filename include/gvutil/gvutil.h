@@ -3,6 +3,7 @@
 #define GVUTIL_H
 
 #include "gvutil/ber.h"
+#include "gvutil/alarm.h"
 #include "gvutil/cli.h"
 #include "gvutil/ifname.h"
 #include "gvutil/model.h"
@@ -10,6 +11,7 @@
 #include "gvutil/platform.h"
 #include "gvutil/range.h"
 #include "gvutil/settext.h"
+#include "gvutil/stats.h"
 #include "gvutil/sys.h"
 
 #endif

@@ -108,7 +108,8 @@ int run_responder(const char *path, const char *request, char *reply, std::size_
         errno = finished ? EIO : ETIMEDOUT;
         return -1;
     }
-    *result = static_cast<signed char>(WEXITSTATUS(status));
+    const int code = WEXITSTATUS(status);
+    *result = code > 127 ? code - 256 : code;
     return 0;
 }
 

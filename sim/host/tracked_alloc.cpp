@@ -22,11 +22,12 @@ std::map<void *, Block> &live_blocks() {
 }
 
 long successes_left = -1; // -1: allocations never fail
+long refused_in = 0;      // the allocation this many from now fails alone; 0: none
 
 } // namespace
 
 void *mfh_malloc(size_t size, int /*flags*/, const char *source, int line) {
-    if (successes_left == 0) {
+    if (successes_left == 0 || (refused_in > 0 && --refused_in == 0)) {
         return nullptr;
     }
     void *block = std::malloc(size != 0 ? size : 1);
@@ -69,4 +70,8 @@ long gvsim_live_allocations_from(const char *source) {
 
 void gvsim_allocator_fail_after(long successes) {
     successes_left = successes < 0 ? -1 : successes;
+}
+
+void gvsim_allocator_fail_nth(long nth) {
+    refused_in = nth > 0 ? nth : 0;
 }

@@ -39,6 +39,10 @@ int file_size(const char *path, long long *size) noexcept;
 // Writes all of text to fd; false when the descriptor takes less.
 bool write_all(int fd, std::string_view text) noexcept;
 
+// Replaces the file at the resolved path with text as a whole: a temporary
+// file in the same folder, then rename. False when the file is left as it was.
+bool replace_file(const char *path, std::string_view text) noexcept;
+
 // system(3) on a command line. Under a host root, absolute /proc, /etc and
 // /tmp paths in the line are re-rooted and $GVUTIL_ROOT/bin comes first in
 // PATH; a line that cannot be re-rooted whole is not run (-1).

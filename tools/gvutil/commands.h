@@ -52,6 +52,8 @@ int run_brcmds(Args args);
 int run_portcmds(Args args);
 int run_vpcmds(Args args);
 int run_ber(Args args);
+int run_stats(Args args);
+int run_alarm(Args args);
 
 // Prints "usage: gvutil <usage>" for a command and answers 2.
 int usage_error(const char *name);

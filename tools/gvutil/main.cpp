@@ -77,6 +77,11 @@ constexpr std::array kCommands = {
             "per-port VLAN values grouped into command lines", run_vpcmds},
     Command{"ber", "ber encode int N | encode string TEXT | decode HEX...",
             "BER octets of an integer or a text; hex octets decoded", run_ber},
+    Command{"stats", "stats PORT", "every counter of a port (GE1/3, 1/3 or an ifindex)", run_stats},
+    Command{"alarm",
+            "alarm [show|leds|raise CAUSE [N]|clear CAUSE [N]|route CAUSE SEV,..|none|"
+            "enable SEV|disable SEV]",
+            "alarm causes, their LEDs and the active alarms", run_alarm},
 };
 
 const Command *find_command(const char *name) {

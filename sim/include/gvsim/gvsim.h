@@ -44,6 +44,13 @@
  *                                    look: slot_max = the slot count (0 on a slotless
  *                                    box), card_type[s] = the card in real slot s
  *                                    (0 when empty); NULL without a root.
+ *   _get_max_port_by_type(card, slot)  the slot's ports (gv_hal_get_port_number_per_slot)
+ *                                    when the equipment record shows that card in
+ *                                    that slot, else 0.
+ *
+ * SNMP sub-agent
+ *   snmp_oid_compare(a, n, b, m)     -1, 0 or 1: sub-identifiers in order, then the
+ *                                    shorter OID first.
  *
  * Clock (gv_check_update_period and the library's clock in a host build)
  *   gvsim_now() is the system's time until a test holds it with
@@ -66,6 +73,30 @@
  *   swch_sioctl(path, command, &reply, flag) runs the exchange on the root's
  *   entry into one static 8192-byte reply; -1 and an empty reply without a
  *   root or entry.
+ *
+ * Driver control entries of every generated root (state in the root's var/)
+ *   /proc/switch/pstat/ctrl  "interface-snmp N", "rmon-snmp N" for pnums 1..total:
+ *                       "Name : value Name : value" lines. With t = GVSIM_NOW:
+ *                       in ucast t(1000+n), mcast t(20+n), bcast t(5+n), nucast
+ *                       mcast+bcast, octets 400 ucast + 100 nucast, discards
+ *                       t/(50+n), errors t/(500+n); out ucast t(800+n), mcast
+ *                       t(10+n), bcast t(2+n), octets 500 ucast + 90 nucast,
+ *                       discards t/(70+n), errors t/(700+n); last change 100n+7.
+ *                       RMON: pkts in ucast+nucast, octets, bcast, mcast, drop
+ *                       events (in discards), CRC (in errors) from the in side;
+ *                       undersize t/(1000+n), oversize t/(1500+n), fragments
+ *                       t/(2000+n), jabbers t/(3000+n), collisions 0; sizes
+ *                       64: pkts/4, 65-127: pkts/5, 128-255 and 256-511: pkts/8,
+ *                       512-1023: pkts/10, 1024-1518 the rest. Other requests
+ *                       and pnums: no reply, result -1.
+ *   /proc/sensor        "alarm-led status all": "crit maj min r31", the three LED
+ *                       states (register 30) and the register-31 states as bits
+ *                       (crit 1, maj 2, min 4), from var/sensor/leds.
+ *   bin/scontrol        scontrol -f .../proc/sensor LED 30|31 0|1 sets one register
+ *                       (LED crit-led, maj-led, min-led) and logs "LED REG STATE"
+ *                       to var/sensor/scontrol.log; anything else exits 1.
+ *   /proc/ibc           a plain file: the board controller's last write.
+ *   /proc/switch/misc/ctrl  "get config": var/switch/config_applied (1 as made).
  *
  * Balanced tree (avl_*)
  *   A red-black tree. Items are ordered by compare(new or sought item, held
@@ -142,6 +173,9 @@ long gvsim_live_allocations(void);
 long gvsim_live_allocations_from(const char *source);
 /* After successes more allocations, every mfh_malloc fails; negative: never. */
 void gvsim_allocator_fail_after(long successes);
+/* The nth mfh_malloc from now (1 is the next) fails and the others succeed;
+ * 0 or less: none. */
+void gvsim_allocator_fail_nth(long nth);
 
 /* The plain heap the library takes its own blocks from in a host build. */
 void *gvsim_heap_alloc(size_t size, int zeroed);
