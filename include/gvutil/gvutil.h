@@ -4,6 +4,7 @@
 
 #include "gvutil/cli.h"
 #include "gvutil/ifname.h"
+#include "gvutil/loglevel.h"
 #include "gvutil/model.h"
 #include "gvutil/onuopt.h"
 #include "gvutil/platform.h"
