@@ -1,6 +1,7 @@
 // Writes a chassis root and reads its description back.
 #include "chassis_desc.h"
 #include "root_files.h"
+#include "system_files.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -138,7 +139,8 @@ bool write_root(const ChassisDesc &desc, const std::string &dir, std::string &er
            root.shelf_units("power", desc.powers, kMaxPowerSlots, power_status_text) &&
            root.file("etc/ZebOS.conf", zebos_conf_text(desc)) &&
            root.file("etc/eqm.conf", eqm_conf_text(desc)) &&
-           root.file(kDescriptionPath, format_chassis(desc));
+           root.file(kDescriptionPath, format_chassis(desc)) &&
+           write_system_files(desc, dir, error);
 }
 
 bool load_chassis_file(const std::string &path, ChassisDesc &out, std::string &error) {
