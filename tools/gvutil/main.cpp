@@ -81,7 +81,7 @@ constexpr std::array kCommands = {
             "kernel log thresholds: all of them, or one read or set", run_loglevel},
     Command{"probe", "probe uptime | config-mem | timezone FILE | ftp-log FILE | host NAME",
             "the system probes", run_probe},
-    Command{"portdata", "portdata set FILE PORTS TEXT | del FILE PORTS | show FILE",
+    Command{"portdata", "portdata set FILE PORTS TEXT... | del FILE PORTS | show FILE",
             "a port-data file (PORTS: 1,3,5)", run_portdata},
     Command{"mirror", "mirror", "port mirroring of /proc/switch/mirror", run_mirror},
     Command{"alive", "alive [SLOT...]", "which slots hold a running board", run_alive},

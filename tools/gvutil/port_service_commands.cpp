@@ -145,8 +145,13 @@ int run_portdata(Args args) {
         return usage_error("portdata");
     }
     const int count = static_cast<int>(ports.size());
-    if (verb == "set" && args.size() == 4) {
-        std::printf("%d records written\n", set_port_data(ports.data(), count, args[3], args[1]));
+    if (verb == "set" && args.size() >= 4) {
+        std::string text;
+        for (const char *word : args.subspan(3)) {
+            text += (text.empty() ? "" : " ") + std::string(word);
+        }
+        std::printf("%d records written\n",
+                    set_port_data(ports.data(), count, text.c_str(), args[1]));
         return show_port_data(args[1]);
     }
     if (verb == "del" && args.size() == 3) {
