@@ -62,9 +62,8 @@ GVUTIL_API int strioctl(unsigned long request, void *argument, int unused) GVUTI
  * signal) the child gets 300 ms and then signal 9; it is always reaped.
  * context is not read. Return: 0.
  */
-GVUTIL_API __attribute__((sentinel)) int gv_execute_command(const void *context,
-                                                            const char *program,
-                                                            ...) GVUTIL_NOEXCEPT;
+GVUTIL_API __attribute__((sentinel)) int
+gv_execute_command(const void *context, const char *program, ...) GVUTIL_NOEXCEPT;
 
 /* Reads a line after prompt into buffer, which must hold a whole line.
  * Return: its length (0 for an empty line), or -1 at the end of input. */

@@ -14,9 +14,9 @@ namespace gvsim {
 bool write_system_files(const ChassisDesc &desc, const std::string &dir, std::string &error);
 
 // Their contents, one function per file.
-std::string loglevel_state_text();                 // sim/loglevel
-std::string all_info_text(const ChassisDesc &desc); // proc/all_info
-std::string mirror_text(const ChassisDesc &desc);   // proc/switch/mirror
+std::string loglevel_state_text();                   // sim/loglevel
+std::string all_info_text(const ChassisDesc &desc);  // proc/all_info
+std::string mirror_text(const ChassisDesc &desc);    // proc/switch/mirror
 std::string mac_table_text(const ChassisDesc &desc); // proc/switch/mac_table
 
 } // namespace gvsim

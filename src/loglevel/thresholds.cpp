@@ -30,8 +30,8 @@ const char *get_reply(int type, int index) noexcept {
 
 int gv_set_loglevel_priority(int enable, int type, int index, int priority) noexcept {
     std::array<char, 64> request{};
-    std::snprintf(request.data(), request.size(), "%s %d %d %d",
-                  enable == 1 ? "enable" : "disable", type, index, priority);
+    std::snprintf(request.data(), request.size(), "%s %d %d %d", enable == 1 ? "enable" : "disable",
+                  type, index, priority);
     return send(request.data());
 }
 

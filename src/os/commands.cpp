@@ -72,8 +72,7 @@ bool root_program_at(std::string_view command, std::size_t at, std::string_view 
     const std::string_view program = rest.substr(0, rest.find_first_of(" \t;|&)"));
     char path[PATH_MAX];
     const int length = std::snprintf(path, sizeof path, "%.*s%.*s", static_cast<int>(root.size()),
-                                     root.data(), static_cast<int>(program.size()),
-                                     program.data());
+                                     root.data(), static_cast<int>(program.size()), program.data());
     return length > 0 && static_cast<std::size_t>(length) < sizeof path &&
            ::access(path, X_OK) == 0;
 }

@@ -56,8 +56,8 @@ bool enabled_in(std::string_view line) noexcept {
 
 } // namespace
 
-int get_mirror_info(mirror_entry *first, int *first_count, mirror_entry *second,
-                    int *second_count, int *enabled) noexcept {
+int get_mirror_info(mirror_entry *first, int *first_count, mirror_entry *second, int *second_count,
+                    int *enabled) noexcept {
     if (first == nullptr || first_count == nullptr || second == nullptr ||
         second_count == nullptr || enabled == nullptr) {
         return 0;
@@ -71,8 +71,8 @@ int get_mirror_info(mirror_entry *first, int *first_count, mirror_entry *second,
     }
     const int ports = get_port_num(1);
     char line[kMirrorLine];
-    for (int number = 1; number <= kSecondPortLine && std::fgets(line, sizeof line, file) != nullptr;
-         ++number) {
+    for (int number = 1;
+         number <= kSecondPortLine && std::fgets(line, sizeof line, file) != nullptr; ++number) {
         if (number == 1) {
             *enabled = enabled_in(line) ? 1 : 0;
         } else if (number == kFirstPortLine) {

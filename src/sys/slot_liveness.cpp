@@ -27,9 +27,9 @@ int is_alive_slot(int slot) noexcept {
         const std::size_t start = text.find_first_not_of(kBlanks);
         int number = 0;
         const char *end = text.data() + text.size();
-        const auto [after, error] =
-            start == std::string_view::npos ? std::from_chars_result{end, std::errc::invalid_argument}
-                                            : std::from_chars(text.data() + start, end, number);
+        const auto [after, error] = start == std::string_view::npos
+                                        ? std::from_chars_result{end, std::errc::invalid_argument}
+                                        : std::from_chars(text.data() + start, end, number);
         if (error != std::errc{} || number != slot) {
             continue;
         }

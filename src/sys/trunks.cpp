@@ -2,16 +2,18 @@
 // byte is a member port.
 #include "gvutil/sys.h"
 
+#include <cstddef>
+
 namespace {
 
-constexpr int kTrunkEntrySize = 12;
+constexpr std::size_t kTrunkEntrySize = 12;
 
 } // namespace
 
 int is_port_in_trunk(const void *table, int count, int port) noexcept {
     const auto *entries = static_cast<const unsigned char *>(table);
     for (int i = 0; entries != nullptr && i < count; ++i) {
-        if (entries[i * kTrunkEntrySize] == port) {
+        if (entries[static_cast<std::size_t>(i) * kTrunkEntrySize] == port) {
             return 1;
         }
     }

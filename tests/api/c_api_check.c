@@ -12,8 +12,8 @@ int main(void) {
     if (ps.bits[1] != 1u || get_start_slot() != 1 || sizeof *model != 308 ||
         get_real_slot_by_user_slot(0) != 3 || stoi("42") != 42 || sizeof(opt_format_onu_t) != 924 ||
         sizeof(opt_format_pon_t) != 119240 || sizeof(opt_format_db_t) != GV_OPT_FORMAT_SHM_SIZE ||
-        gv_get_logindex_max("gpon") != 29 || sizeof(sp_data) != 257 ||
-        sizeof(mirror_entry) != 8 || mate_sfu_index != 0 || sleColorMarkAwareMode != 0) {
+        gv_get_logindex_max("gpon") != 29 || sizeof(sp_data) != 257 || sizeof(mirror_entry) != 8 ||
+        mate_sfu_index != 0 || sleColorMarkAwareMode != 0) {
         fprintf(stderr, "C view of the interface disagrees\n");
         return 1;
     }

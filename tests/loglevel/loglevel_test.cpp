@@ -1,7 +1,7 @@
 // Kernel log levels: type and priority names, and thresholds set and read
 // through the root's /proc/gv_loglevel, which keeps them as the driver does.
-#include "gvutil/loglevel.h"
 #include "gvsim/gvsim.h"
+#include "gvutil/loglevel.h"
 #include "gvutil/sys.h"
 #include "support/chassis_root.h"
 
@@ -23,7 +23,7 @@ TEST(LogNames, TypesAndPriorities) {
         EXPECT_STREQ(gv_get_loglevel_typestr(type), types[type]) << type;
     }
     EXPECT_STREQ(gv_get_loglevel_typestr(-1), "unknown");
-    const char *priorities[] = {"unknown", "emerg",  "alert", "crit", "err",
+    const char *priorities[] = {"unknown", "emerg",  "alert", "crit",  "err",
                                 "warning", "notice", "info",  "debug", "unknown"};
     for (int priority = -1; priority <= 8; ++priority) {
         EXPECT_STREQ(gv_get_loglevel_priostr(priority), priorities[priority + 1]) << priority;
@@ -38,15 +38,24 @@ TEST(LogNames, TypeFromText) {
         int type, indexes;
     };
     for (const Case c : {
-             Case{"system", 1, 8},          Case{"sys", 1, 8},
-             Case{"physical-entity", 2, 10}, Case{"filter", 3, 6},
-             Case{"dhcp", 4, 2},            Case{"gpon", 5, 29},
-             Case{"xgpon", 5, 29},          Case{"epon", 6, 18},
-             Case{"rmon", 7, 3},            Case{"loop-detect", 8, 10},
-             Case{"loop", -1, -1},          Case{"snmp", 9, 3},
-             Case{"dhcp-sys", 1, 8},        Case{"filter dhcp", 4, 2},
-             Case{"gpon-epon", 5, 29},      Case{"log", -1, -1},
-             Case{"", -1, -1},              Case{"GPON", -1, -1},
+             Case{"system", 1, 8},
+             Case{"sys", 1, 8},
+             Case{"physical-entity", 2, 10},
+             Case{"filter", 3, 6},
+             Case{"dhcp", 4, 2},
+             Case{"gpon", 5, 29},
+             Case{"xgpon", 5, 29},
+             Case{"epon", 6, 18},
+             Case{"rmon", 7, 3},
+             Case{"loop-detect", 8, 10},
+             Case{"loop", -1, -1},
+             Case{"snmp", 9, 3},
+             Case{"dhcp-sys", 1, 8},
+             Case{"filter dhcp", 4, 2},
+             Case{"gpon-epon", 5, 29},
+             Case{"log", -1, -1},
+             Case{"", -1, -1},
+             Case{"GPON", -1, -1},
          }) {
         EXPECT_EQ(gv_get_loglevel_typeint(c.text), c.type) << c.text;
         EXPECT_EQ(gv_get_logindex_max(c.text), c.indexes) << c.text;
@@ -75,6 +84,7 @@ TEST_F(LogLevels, SetThenGetReturnsWhatWasSet) {
     EXPECT_EQ(gv_get_loglevel_priority(9, 2), 0);
     EXPECT_EQ(gv_get_loglevel_info(9, 2, reply), 0);
     EXPECT_STREQ(reply, "1 0\n");
+    EXPECT_EQ(gv_get_loglevel_info(9, 2, nullptr), 0); // read, nothing copied
 }
 
 // Each type's last index is taken and the next one refused, so the
@@ -114,8 +124,9 @@ TEST_F(LogLevels, UnknownTypeOrIndexGetsTheDriversText) {
 
 // The request lines the driver receives, logged by a responder of our own.
 TEST_F(LogLevels, RequestLines) {
-    root.write_program("proc/gv_loglevel",
-                       "#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$(dirname \"$0\")/../tmp/requests\"\n");
+    root.write_program(
+        "proc/gv_loglevel",
+        "#!/bin/sh\nprintf '%s\\n' \"$1\" >> \"$(dirname \"$0\")/../tmp/requests\"\n");
     for (const int enable : {1, 2, 0, -1}) {
         EXPECT_EQ(gv_set_loglevel_priority(enable, 5, 3, 7), 0);
     }
@@ -134,8 +145,7 @@ TEST_F(LogLevels, RepliesThatReadOddly) {
         int info, priority;
     };
     for (const Case c : {Case{"5 6", 0, 6}, Case{"5 6 7\n", 0, 6}, Case{"  5\n 6\n", 0, 6},
-                         Case{"5", 0, 0}, Case{"5,6", 0, 0}, Case{"x 6", 0, 0},
-                         Case{"", -1, 0}}) {
+                         Case{"5", 0, 0}, Case{"5,6", 0, 0}, Case{"x 6", 0, 0}, Case{"", -1, 0}}) {
         std::filesystem::remove(root.path() + "/proc/gv_loglevel"); // a reply file, not a program
         root.write_file("proc/gv_loglevel", c.reply);
         std::string copied = "untouched";

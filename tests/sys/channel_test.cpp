@@ -102,7 +102,8 @@ TEST(GeneratedRsctrl, SlotsAndLongReplies) {
     const std::string whole = table.substr(0, table.rfind('\n', GVUTIL_REPLY_SIZE - 2) + 1);
     EXPECT_EQ(sioctl("/SLOT1/proc/switch/mac_table", "show", reply, 0), 0);
     EXPECT_EQ(std::string(reply), whole);
-    EXPECT_EQ(sioctl("/proc/switch/mac_table", "show", reply, 0), 0); // a local reply is cut anywhere
+    EXPECT_EQ(sioctl("/proc/switch/mac_table", "show", reply, 0),
+              0); // a local reply is cut anywhere
     EXPECT_EQ(std::string(reply), table.substr(0, GVUTIL_REPLY_SIZE - 1));
 }
 

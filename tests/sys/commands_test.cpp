@@ -23,8 +23,8 @@
 #include <sys/wait.h>
 #include <thread>
 #include <tuple>
-#include <utility>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -141,17 +141,38 @@ int execute_list(const std::array<const char *, sizeof...(I)> &list, std::index_
 // 255 texts (the program and 254 arguments) run; 256 are too many.
 TEST_F(ExecuteCommand, ArgumentListLimit) {
     for (const auto &[count, said, status] :
-         {std::tuple{255, "", 0}, {256, "Can't execute Argument list too long\n", 1}}) {
+         {std::tuple{255, "", 0}, {256, "Can't execute Argument list too long\n", 1},
+          {0, "Can't execute No such file or directory\n", 1}}) {
         std::array<const char *, 257> list{};
         std::fill_n(list.begin(), count, "x");
-        list[0] = "true";
+        list[0] = count > 0 ? "true" : nullptr;
         int result = -1;
-        EXPECT_EQ(stderr_of([&] { return execute_list(list, std::make_index_sequence<257>()); },
-                            result),
-                  said);
+        EXPECT_EQ(
+            stderr_of([&] { return execute_list(list, std::make_index_sequence<257>()); }, result),
+            said);
         EXPECT_EQ(report_.take().status, status) << count;
     }
     EXPECT_TRUE(no_child_left());
+}
+
+// Text the caller has printed but not yet flushed is written once, by the
+// caller: the child neither inherits it unwritten nor flushes it on exit.
+TEST_F(ExecuteCommand, CallersBufferedOutputIsWrittenOnce) {
+    std::fflush(stdout);
+    const int saved = dup(STDOUT_FILENO);
+    const int file = open(path("stdout").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    dup2(file, STDOUT_FILENO);
+    close(file);
+    std::fputs("pending ", stdout);
+    int result = -1;
+    stderr_of([] { return gv_execute_command(nullptr, "gvutil-no-such-program", nullptr); },
+              result);
+    gv_execute_command(nullptr, "echo", "ran", nullptr);
+    std::fflush(stdout);
+    dup2(saved, STDOUT_FILENO);
+    close(saved);
+    EXPECT_EQ(read(path("stdout")), "pending ran\n");
+    report_.take();
 }
 
 void on_signal(int) {}

@@ -109,31 +109,35 @@ TEST(InputValue, AsksAgainUntilTheNumberFits) {
     };
     const std::string again = kAgain;
     for (const Case &c : {
-             Case{"1\n", 1, 10, 1, "Value: 1\n"},
-             Case{"10\n", 1, 10, 10, "Value: 10\n"},
+             Case{"1\n", 1, 10, 1, "Value: 1\n"}, Case{"10\n", 1, 10, 10, "Value: 10\n"},
              Case{"0\n11\n7\n", 1, 10, 7, "Value: 0\n" + again + "11\n" + again + "7\n"},
-             Case{"\n", 1, 10, 4, "Value: \n"},       // the default, even outside the range
-             Case{"", 1, 10, -1, "Value: "},          // end of input
+             Case{"\n", 1, 10, 4, "Value: \n"},              // the default, even outside the range
+             Case{"", 1, 10, -1, "Value: "},                 // end of input
              Case{"12\n", 1, 10, -1, "Value: 12\n" + again}, // end of input after a refusal
              Case{"abc\n3\n", 1, 10, 3, "Value: abc\n" + again + "3\n"},
              Case{" 3\n5\n", 1, 10, 5, "Value:  3\n" + again + "5\n"},
              Case{"abc\n", -1, 10, -1, "Value: abc\n"}, // no number reads as -1, in range here
          }) {
-        const Session session = at_console(c.typed, [&c](std::string &) {
-            return input_value("Value: ", c.low, c.high, 4);
-        });
+        const Session session = at_console(
+            c.typed, [&c](std::string &) { return input_value("Value: ", c.low, c.high, 4); });
         EXPECT_EQ(session.result, c.result) << c.typed;
         EXPECT_EQ(session.shown, c.shown) << c.typed;
     }
+}
+
+TEST(InputValue, WithoutAPrompt) {
+    const Session session =
+        at_console("0\n5\n", [](std::string &) { return input_value(nullptr, 1, 10, 4); });
+    EXPECT_EQ(session.result, 5);
+    EXPECT_EQ(session.shown, "0\nInput again within range : 1 - 10\n5\n");
 }
 
 // The prompt lives in a 296-byte buffer: 295 characters show, also after
 // the re-prompt text in front of it.
 TEST(InputValue, PromptIsCutTo295Characters) {
     const std::string prompt(400, 'p');
-    const Session session = at_console("99\n2\n", [&prompt](std::string &) {
-        return input_value(prompt.c_str(), 1, 10, 4);
-    });
+    const Session session = at_console(
+        "99\n2\n", [&prompt](std::string &) { return input_value(prompt.c_str(), 1, 10, 4); });
     const std::string again = "Input again within range : 1 - 10\n";
     EXPECT_EQ(session.result, 2);
     EXPECT_EQ(session.shown, std::string(295, 'p') + "99\n" + again +

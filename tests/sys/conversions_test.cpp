@@ -31,8 +31,8 @@ TEST(OctetInt, BigEndianUpToFourOctets) {
         int count;
         uint32_t value;
     };
-    for (const Case c : {Case{0, 0}, Case{1, 0x01}, Case{2, 0x0102}, Case{4, 0x01020304},
-                         Case{5, 0x01020304}}) {
+    for (const Case c :
+         {Case{0, 0}, Case{1, 0x01}, Case{2, 0x0102}, Case{4, 0x01020304}, Case{5, 0x01020304}}) {
         uint32_t value = 0xdeadbeef;
         EXPECT_EQ(convert_octet2int(octets.data(), c.count, &value), 0);
         EXPECT_EQ(value, c.value) << c.count;
@@ -173,8 +173,8 @@ TEST(Reverse, TextInPlaceAndCountedBytes) {
 }
 
 TEST(FileFromPath, AfterTheLastSlash) {
-    for (const auto &[path, file] : {std::pair{"/a/b", "b"}, {"b", "b"}, {"/a/", ""},
-                                     {"/", ""}, {"tmp/log.txt", "log.txt"}}) {
+    for (const auto &[path, file] :
+         {std::pair{"/a/b", "b"}, {"b", "b"}, {"/a/", ""}, {"/", ""}, {"tmp/log.txt", "log.txt"}}) {
         const char *name = get_file_from_path(path);
         EXPECT_STREQ(name, file) << path;
         EXPECT_EQ(name + std::strlen(name), path + std::strlen(path)) << "inside the path";
@@ -183,10 +183,21 @@ TEST(FileFromPath, AfterTheLastSlash) {
 }
 
 TEST(BridgeNames, VidFromName) {
-    for (const auto &[name, vid] :
-         {std::pair{"br1", 1}, {"br4094", 4094}, {"br4095", 0}, {"br0", 0}, {"br0x10", 16},
-          {"br010", 8}, {"br0xFFE", 4094}, {"br", 0}, {"br-1", 0}, {"br12abc", 12},
-          {"default", 1}, {"default1", 1}, {"defaul", 0}, {"BR10", 0}, {"vlan10", 0}}) {
+    for (const auto &[name, vid] : {std::pair{"br1", 1},
+                                    {"br4094", 4094},
+                                    {"br4095", 0},
+                                    {"br0", 0},
+                                    {"br0x10", 16},
+                                    {"br010", 8},
+                                    {"br0xFFE", 4094},
+                                    {"br", 0},
+                                    {"br-1", 0},
+                                    {"br12abc", 12},
+                                    {"default", 1},
+                                    {"default1", 1},
+                                    {"defaul", 0},
+                                    {"BR10", 0},
+                                    {"vlan10", 0}}) {
         EXPECT_EQ(gv_get_vid_from_br(name), vid) << name;
     }
     EXPECT_EQ(gv_get_vid_from_br(nullptr), 0);
@@ -194,8 +205,13 @@ TEST(BridgeNames, VidFromName) {
 }
 
 TEST(BridgeNames, ValidName) {
-    for (const auto &[name, valid] : {std::pair{"br", 0}, {"br10", 1}, {"br1a", 0}, {"br0", 1},
-                                      {"xbr1", 0}, {"br 1", 0}, {"", 0}}) {
+    for (const auto &[name, valid] : {std::pair{"br", 0},
+                                      {"br10", 1},
+                                      {"br1a", 0},
+                                      {"br0", 1},
+                                      {"xbr1", 0},
+                                      {"br 1", 0},
+                                      {"", 0}}) {
         EXPECT_EQ(is_valid_vname(name), valid) << name;
     }
     EXPECT_EQ(is_valid_vname(nullptr), 0);

@@ -114,7 +114,8 @@ TEST_F(PortData, DeleteFindsNoRecordToRemove) {
 
 TEST(ComparePortData, PortThenText) {
     std::vector<sp_data> records(5);
-    const std::pair<int, const char *> given[] = {{3, "b"}, {1, "z"}, {3, "a"}, {255, ""}, {0, "q"}};
+    const std::pair<int, const char *> given[] = {
+        {3, "b"}, {1, "z"}, {3, "a"}, {255, ""}, {0, "q"}};
     for (std::size_t i = 0; i < records.size(); ++i) {
         records[i].port = static_cast<unsigned char>(given[i].first);
         std::strcpy(records[i].data, given[i].second);
@@ -169,8 +170,8 @@ TEST_F(PortData, KilledWritersLeaveAWholeFile) {
         waitpid(writer, nullptr, 0);
         close(progress[0]);
         const std::string now = content();
-        ASSERT_TRUE(now == whole[0] || now == whole[1]) << "kill " << kill_number << ": "
-                                                        << now.size() << " bytes";
+        ASSERT_TRUE(now == whole[0] || now == whole[1])
+            << "kill " << kill_number << ": " << now.size() << " bytes";
     }
     // A temporary file left behind is a kill that landed inside a rewrite.
     const std::size_t torn_writes = tmp_entries().size() - 1;

@@ -22,8 +22,8 @@ struct Mirror {
 std::string shown(const std::vector<mirror_entry> &list, int count) {
     std::string text;
     for (int i = 0; i < count; ++i) {
-        text += (i == 0 ? "" : " ") + std::to_string(list[static_cast<std::size_t>(i)].port) +
-                ">" + std::to_string(list[static_cast<std::size_t>(i)].number);
+        text += (i == 0 ? "" : " ") + std::to_string(list[static_cast<std::size_t>(i)].port) + ">" +
+                std::to_string(list[static_cast<std::size_t>(i)].number);
     }
     return text;
 }
@@ -103,12 +103,12 @@ TEST(AliveSlot, FirstLineOfTheSlotWithAName) {
     };
     for (const Case &c : {
              Case{"slot board\n 1 GPON8 running\n", 1, 1},
-             Case{" 1 -\n 1 GPON8\n", 1, 0},       // the first line with a name decides
-             Case{" 1\n 1 GPON8\n", 1, 1},         // a line without one does not
+             Case{" 1 -\n 1 GPON8\n", 1, 0}, // the first line with a name decides
+             Case{" 1\n 1 GPON8\n", 1, 1},   // a line without one does not
              Case{" 2 GPON8\n", 1, 0},
              Case{"-1 XE4\n", -1, 1},
-             Case{"1GE8 x\n", 1, 1},               // the number ends where its digits do
-             Case{"99999999999 GE\n1 -\n", 1, 0},  // no number beyond the int range
+             Case{"1GE8 x\n", 1, 1},              // the number ends where its digits do
+             Case{"99999999999 GE\n1 -\n", 1, 0}, // no number beyond the int range
              Case{"", 1, 0},
          }) {
         root.write_file("proc/all_info", c.file);
@@ -127,9 +127,9 @@ TEST(Trunks, FirstByteOfEachTwelveByteEntry) {
     struct Case {
         int count, port, in;
     };
-    for (const Case c : {Case{3, 5, 1}, Case{3, 200, 1}, Case{3, 0, 1}, Case{3, 9, 0},
-                         Case{1, 200, 0}, Case{2, 200, 1}, Case{0, 5, 0}, Case{3, 456, 0},
-                         Case{3, -56, 0}}) {
+    for (const Case c :
+         {Case{3, 5, 1}, Case{3, 200, 1}, Case{3, 0, 1}, Case{3, 9, 0}, Case{1, 200, 0},
+          Case{2, 200, 1}, Case{0, 5, 0}, Case{3, 456, 0}, Case{3, -56, 0}}) {
         EXPECT_EQ(is_port_in_trunk(table.data(), c.count, c.port), c.in) << c.port;
         EXPECT_EQ(is_port_under_trunk(table.data(), c.count, c.port), c.in) << c.port;
     }

@@ -52,10 +52,10 @@ TEST_F(Probes, TimeZoneFromTheFirstLine) {
         std::string line;
         int hours;
     };
-    for (const Case &c : {Case{"GMT+9\n", 9}, Case{"GMT-5\n", -5}, Case{"GMT+0", 0},
-                          Case{"KST-9 GMT+9:00 Seoul\n", 9}, Case{"<GMT-10:30>\n", -10},
-                          Case{"UTC\n", 0}, Case{"GMT+\n", 0}, Case{"gmt+9\n", 0},
-                          Case{"Asia/Seoul\nGMT+9\n", 0}, Case{"", 0}}) {
+    for (const Case &c :
+         {Case{"GMT+9\n", 9}, Case{"GMT-5\n", -5}, Case{"GMT+0", 0},
+          Case{"KST-9 GMT+9:00 Seoul\n", 9}, Case{"<GMT-10:30>\n", -10}, Case{"UTC\n", 0},
+          Case{"GMT+\n", 0}, Case{"gmt+9\n", 0}, Case{"Asia/Seoul\nGMT+9\n", 0}, Case{"", 0}}) {
         root.write_file("etc/TZ", c.line);
         EXPECT_EQ(gv_get_timezone("/etc/TZ"), c.hours) << c.line;
     }
@@ -69,9 +69,9 @@ TEST_F(Probes, UptimeInHundredths) {
         std::string text;
         std::uint64_t ticks;
     };
-    for (const Case &c : {Case{"0.05 1.00\n", 5}, Case{"  12.34\n", 1234},
-                          Case{"42949673.00 1\n", 4294967300U}, Case{"12\n", 0},
-                          Case{"12.\n", 0}, Case{"up 3 days\n", 0}, Case{"", 0}}) {
+    for (const Case &c :
+         {Case{"0.05 1.00\n", 5}, Case{"  12.34\n", 1234}, Case{"42949673.00 1\n", 4294967300U},
+          Case{"12\n", 0}, Case{"12.\n", 0}, Case{"up 3 days\n", 0}, Case{"", 0}}) {
         root.write_file("proc/uptime", c.text);
         EXPECT_EQ(get_system_uptime(), c.ticks) << c.text;
     }
@@ -97,7 +97,7 @@ TEST_F(Probes, FtpLogVerdict) {
              Case{"Not connected.\n", 0, "error in ftp service"},
              Case{"421 Service failure.\n", 0, "error in ftp service"},
              Case{"Failed to open file.\n", 0, "error in ftp service"},
-             Case{"Nothing here\n", 0, ""}, // "Not " needs its blank
+             Case{"Nothing here\n", 0, ""},                    // "Not " needs its blank
              Case{std::string(300, 'x') + "213 55\n", 55, ""}, // read in 256-byte pieces
          }) {
         root.write_file("tmp/ftp.log", c.log);

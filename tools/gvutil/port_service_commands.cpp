@@ -79,11 +79,12 @@ void print_members(const portset_t &set) {
 // Hex digits, two per octet; false for anything else or more than 192 octets.
 bool parse_hex(const char *text, std::vector<unsigned char> &octets) {
     const std::size_t length = std::strlen(text);
-    if (length == 0 || length % 2 != 0 || length > 2 * 192 || is_hex(text) == 0) {
+    if (length == 0 || length % 2 != 0 || length > std::size_t{2} * 192 || is_hex(text) == 0) {
         return false;
     }
     for (std::size_t at = 0; at < length; at += 2) {
-        octets.push_back(static_cast<unsigned char>(std::stoul(std::string(text + at, 2), nullptr, 16)));
+        octets.push_back(
+            static_cast<unsigned char>(std::stoul(std::string(text + at, 2), nullptr, 16)));
     }
     return true;
 }
