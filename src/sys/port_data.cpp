@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int kMaxRecords = 256;
+static_assert(sizeof(sp_data) == 257, "a record is the port byte and 256 bytes of text");
 constexpr std::size_t kFileLine = 1024;
 
 struct Records {
