@@ -2,10 +2,11 @@
 #ifndef GVUTIL_H
 #define GVUTIL_H
 
-#include "gvutil/ber.h"
 #include "gvutil/alarm.h"
+#include "gvutil/ber.h"
 #include "gvutil/cli.h"
 #include "gvutil/ifname.h"
+#include "gvutil/loglevel.h"
 #include "gvutil/model.h"
 #include "gvutil/onuopt.h"
 #include "gvutil/platform.h"
@@ -13,5 +14,6 @@
 #include "gvutil/settext.h"
 #include "gvutil/stats.h"
 #include "gvutil/sys.h"
+#include "gvutil/sysport.h"
 
 #endif

@@ -2,6 +2,7 @@
 #include "chassis_desc.h"
 #include "driver_responders.h"
 #include "root_files.h"
+#include "system_files.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -139,7 +140,7 @@ bool write_root(const ChassisDesc &desc, const std::string &dir, std::string &er
            root.shelf_units("power", desc.powers, kMaxPowerSlots, power_status_text) &&
            root.file("etc/ZebOS.conf", zebos_conf_text(desc)) &&
            root.file("etc/eqm.conf", eqm_conf_text(desc)) &&
-           write_driver_responders(desc, dir, error) &&
+           write_driver_responders(desc, dir, error) && write_system_files(desc, dir, error) &&
            root.file(kDescriptionPath, format_chassis(desc));
 }
 

@@ -1,10 +1,12 @@
 #include "os/os.h"
 
 #include <array>
+#include <climits>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <syslog.h>
+#include <unistd.h>
 
 namespace gv::os {
 
@@ -58,10 +60,28 @@ bool rerooted_at(std::string_view command, std::size_t at) noexcept {
     return false;
 }
 
+// A program named by its absolute /bin path ("/bin/df") that the root has a
+// fake of: the fake runs, as a bare name would find it first on PATH.
+bool root_program_at(std::string_view command, std::size_t at, std::string_view root) noexcept {
+    constexpr std::string_view kBin = "/bin/";
+    if ((at > 0 && std::strchr(" \t;|&(", command[at - 1]) == nullptr) ||
+        !command.substr(at).starts_with(kBin)) {
+        return false;
+    }
+    const std::string_view rest = command.substr(at);
+    const std::string_view program = rest.substr(0, rest.find_first_of(" \t;|&)"));
+    char path[PATH_MAX];
+    const int length = std::snprintf(path, sizeof path, "%.*s%.*s", static_cast<int>(root.size()),
+                                     root.data(), static_cast<int>(program.size()), program.data());
+    return length > 0 && static_cast<std::size_t>(length) < sizeof path &&
+           ::access(path, X_OK) == 0;
+}
+
 bool reroot(std::string_view command, std::string_view root, Line &line) noexcept {
     bool fits = line.add("PATH=") && add_quoted(line, root) && line.add("/bin:\"$PATH\"; ");
     for (std::size_t at = 0; fits && at < command.size(); ++at) {
-        if (command[at] == '/' && rerooted_at(command, at)) {
+        if (command[at] == '/' &&
+            (rerooted_at(command, at) || root_program_at(command, at, root))) {
             fits = line.add(root);
         }
         fits = fits && line.add(command.substr(at, 1));

@@ -35,4 +35,8 @@ int ioctl_reply(int fd, unsigned long request, std::span<std::byte> reply) noexc
     return ::ioctl(fd, request, reply.data());
 }
 
+int device_control(int fd, unsigned long request, void *argument) noexcept {
+    return ::ioctl(fd, request, argument);
+}
+
 } // namespace gv::os

@@ -29,6 +29,10 @@ void close_fd(int fd) noexcept;
 // reply's bytes. The reply is zeroed first, so a short reply reads as zeros.
 int ioctl_reply(int fd, unsigned long request, std::span<std::byte> reply) noexcept;
 
+// ioctl(2) with the caller's argument as it stands: the driver's result, or
+// -1 with errno.
+int device_control(int fd, unsigned long request, void *argument) noexcept;
+
 // fopen(3) on the resolved path; null on failure.
 std::FILE *open_stream(const char *path, const char *mode) noexcept;
 
@@ -44,7 +48,8 @@ bool write_all(int fd, std::string_view text) noexcept;
 bool replace_file(const char *path, std::string_view text) noexcept;
 
 // system(3) on a command line. Under a host root, absolute /proc, /etc and
-// /tmp paths in the line are re-rooted and $GVUTIL_ROOT/bin comes first in
+// /tmp paths in the line are re-rooted, an absolute /bin program that the
+// root's bin/ holds runs from there, and $GVUTIL_ROOT/bin comes first in
 // PATH; a line that cannot be re-rooted whole is not run (-1).
 int run_command(const char *command) noexcept;
 

@@ -117,6 +117,17 @@ int str_ioctl(const char *path, const char *request, char **reply, int flag) noe
     return result;
 }
 
+int strioctl(unsigned long request, void *argument, int unused) noexcept {
+    (void)unused;
+    const int fd = gv::os::open_path("/proc/strioctl", O_RDWR);
+    if (fd < 0) {
+        return -1;
+    }
+    const int result = gv::os::device_control(fd, request, argument);
+    gv::os::close_fd(fd);
+    return result;
+}
+
 namespace gv::sys {
 
 int exchange(ExchangeArea &area, const char *path, const char *request, int flag) noexcept {

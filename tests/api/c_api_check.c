@@ -16,9 +16,11 @@ int main(void) {
         get_real_slot_by_user_slot(0) != 3 || stoi("42") != 42 || sizeof(opt_format_onu_t) != 924 ||
         sizeof(opt_format_pon_t) != 119240 || sizeof(opt_format_db_t) != GV_OPT_FORMAT_SHM_SIZE ||
         snmp_build_int(ber, &room, 0x02, &minus_129, GV_BER_INT_SIZE) != ber + 4 ||
-        ber[3] != 0x7f ||
-        sizeof(gv_if_stats_t) != GV_IF_STATS_RECORD_SIZE || sizeof alarm_severity != 176 ||
-        sizeof last_module_state != 68 || alarm_severity[GV_ALARM_MINOR][GV_ALARM_DISABLED] != 0) {
+        ber[3] != 0x7f || sizeof(gv_if_stats_t) != GV_IF_STATS_RECORD_SIZE ||
+        sizeof alarm_severity != 176 || sizeof last_module_state != 68 ||
+        alarm_severity[GV_ALARM_MINOR][GV_ALARM_DISABLED] != 0 ||
+        gv_get_logindex_max("gpon") != 29 || sizeof(sp_data) != 257 || sizeof(mirror_entry) != 8 ||
+        mate_sfu_index != 0 || sleColorMarkAwareMode != 0) {
         fprintf(stderr, "C view of the interface disagrees\n");
         return 1;
     }

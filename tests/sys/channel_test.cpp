@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -70,6 +72,39 @@ TEST_F(Channel, RemoteSlotGoesThroughRsctrl) {
     EXPECT_EQ(text.back(), '\n');
     EXPECT_LE(text.size(), GVUTIL_REPLY_SIZE - 1);
     EXPECT_GT(text.size() + 51, GVUTIL_REPLY_SIZE - 1);
+}
+
+// The root's own rsctrl: an empty slot of the k7100 (9) has no system, a
+// fitted one answers from the root's entry, and the MAC table, longer than
+// a reply, is cut after its last whole line that fits.
+TEST(GeneratedRsctrl, SlotsAndLongReplies) {
+    ChassisRoot root("k7100");
+    char reply[GVUTIL_REPLY_SIZE];
+    struct Case {
+        const char *path;
+        int result;
+        const char *reply;
+    };
+    for (const Case c : {
+             Case{"/SLOT9/proc/gv_loglevel", -1, "There is no system\n"},
+             Case{"/SLOT13/proc/gv_loglevel", -1, "There is no system\n"},
+             Case{"/SLOTx/proc/gv_loglevel", -1, "There is no system\n"},
+             Case{"/SLOT10/proc/gv_loglevel", 0, "1 3\n"},
+             Case{"/SLOT1/proc/none", -1,
+                  "%file open error : /proc/none (No such file or directory)\n"},
+         }) {
+        EXPECT_EQ(sioctl(c.path, "get 1 0", reply, 0), c.result) << c.path;
+        EXPECT_STREQ(reply, c.reply) << c.path;
+    }
+    std::ifstream file(root.path() + "/proc/switch/mac_table");
+    const std::string table{std::istreambuf_iterator<char>(file), {}};
+    ASSERT_GT(table.size(), GVUTIL_REPLY_SIZE);
+    const std::string whole = table.substr(0, table.rfind('\n', GVUTIL_REPLY_SIZE - 2) + 1);
+    EXPECT_EQ(sioctl("/SLOT1/proc/switch/mac_table", "show", reply, 0), 0);
+    EXPECT_EQ(std::string(reply), whole);
+    EXPECT_EQ(sioctl("/proc/switch/mac_table", "show", reply, 0),
+              0); // a local reply is cut anywhere
+    EXPECT_EQ(std::string(reply), table.substr(0, GVUTIL_REPLY_SIZE - 1));
 }
 
 TEST_F(Channel, StrIoctlKeepsTheReplyInItsArea) {

@@ -54,6 +54,13 @@ int run_vpcmds(Args args);
 int run_ber(Args args);
 int run_stats(Args args);
 int run_alarm(Args args);
+int run_channel(Args args);
+int run_loglevel(Args args);
+int run_probe(Args args);
+int run_portdata(Args args);
+int run_mirror(Args args);
+int run_alive(Args args);
+int run_octets(Args args);
 
 // Prints "usage: gvutil <usage>" for a command and answers 2.
 int usage_error(const char *name);

@@ -82,6 +82,18 @@ constexpr std::array kCommands = {
             "alarm [show|leds|raise CAUSE [N]|clear CAUSE [N]|route CAUSE SEV,..|none|"
             "enable SEV|disable SEV]",
             "alarm causes, their LEDs and the active alarms", run_alarm},
+    Command{"channel", "channel [-f FLAG] PATH REQUEST...",
+            "a request on a /proc channel (or /SLOTn/...), its reply and result", run_channel},
+    Command{"loglevel", "loglevel [get TYPE INDEX | set TYPE INDEX PRIORITY [disable]]",
+            "kernel log thresholds: all of them, or one read or set", run_loglevel},
+    Command{"probe", "probe uptime | config-mem | timezone FILE | ftp-log FILE | host NAME",
+            "the system probes", run_probe},
+    Command{"portdata", "portdata set FILE PORTS TEXT... | del FILE PORTS | show FILE",
+            "a port-data file (PORTS: 1,3,5)", run_portdata},
+    Command{"mirror", "mirror", "port mirroring of /proc/switch/mirror", run_mirror},
+    Command{"alive", "alive [SLOT...]", "which slots hold a running board", run_alive},
+    Command{"octets", "octets HEX | octets -p PNUMS",
+            "octet strings as port bitmaps and words, and pnums as octets", run_octets},
 };
 
 const Command *find_command(const char *name) {
