@@ -63,6 +63,13 @@ int format_runs(char *out, const uint32_t *bits, int limit, MemberText member_te
                                      [&](Run run) noexcept { text.write(run, member_text); });
 }
 
+// Members 1..limit of the bitmap written as plain numbers.
+int format_numbers(char *out, const uint32_t *bits, int limit) noexcept {
+    RunText text(out);
+    return gv::sys::for_each_bit_run(bits, 1, limit,
+                                     [&](Run run) noexcept { text.write_numbers(run); });
+}
+
 // Beyond the physical slot ports: the channel-group ports.
 bool is_second_port_group(int pnum) noexcept {
     using namespace gv::model;
@@ -135,7 +142,7 @@ int brset2str(char *out, int max, const uint32_t *set) noexcept {
         return 0;
     }
     const int limit = id_limit(max);
-    const int found = format_runs(out, set, limit, [](int id) noexcept { return Decimal(id); });
+    const int found = format_numbers(out, set, limit);
     // The walk is closed against the id capacity rather than max: a lone last
     // member at a max below it is written a second time ("10,10"). Callers
     // parse this text back and depend on it.
@@ -151,7 +158,7 @@ int vlanset2str(char *out, int max, const uint32_t *set) noexcept {
     if (nothing_to_walk(out, set)) {
         return 0;
     }
-    return format_runs(out, set, id_limit(max), [](int id) noexcept { return Decimal(id); });
+    return format_numbers(out, set, id_limit(max));
 }
 
 int vlanset2str2(char *out, int max, const uint32_t *set) noexcept {
@@ -176,8 +183,6 @@ int ports_array2str(const uint8_t *array, int max, char *out) noexcept {
     RunText text(out);
     gv::sys::for_each_run(
         1, max, [array](int index) noexcept { return array[index] != 0; }, gv::sys::kNoSplit,
-        [&](Run run) noexcept {
-            text.write(run, [](int index) noexcept { return Decimal(index); });
-        });
+        [&](Run run) noexcept { text.write_numbers(run); });
     return 0;
 }

@@ -12,7 +12,7 @@
 
 namespace gv::sys {
 
-inline constexpr int kWordBits = 32;
+inline constexpr unsigned kWordBits = 32;
 inline constexpr uint32_t kAllBits = ~uint32_t{0};
 
 // Sets bits first..last (inclusive, 0 <= first <= last, both within the map).
@@ -55,12 +55,13 @@ inline void set_bit_range(uint32_t *words, int first, int last) noexcept {
     words[last_word] |= tail;
 }
 
-// The first set bit from bit `from` on, or `end` when there is none before it.
+// The first set bit from bit `from` on, or `end` when there is none before
+// it (0 <= from).
 inline int next_set_bit(const uint32_t *words, int from, int end) noexcept {
-    for (int bit = from; bit < end;) {
+    for (auto bit = static_cast<unsigned>(from); static_cast<int>(bit) < end;) {
         const uint32_t rest = words[bit / kWordBits] >> (bit % kWordBits);
         if (rest != 0) {
-            const int found = bit + std::countr_zero(rest);
+            const int found = static_cast<int>(bit) + std::countr_zero(rest);
             return found < end ? found : end;
         }
         bit = (bit / kWordBits + 1) * kWordBits;
@@ -68,13 +69,14 @@ inline int next_set_bit(const uint32_t *words, int from, int end) noexcept {
     return end;
 }
 
-// The first clear bit from bit `from` on, or `end` when there is none before it.
+// The first clear bit from bit `from` on, or `end` when there is none before
+// it (0 <= from).
 inline int next_clear_bit(const uint32_t *words, int from, int end) noexcept {
-    for (int bit = from; bit < end;) {
-        const int offset = bit % kWordBits;
+    for (auto bit = static_cast<unsigned>(from); static_cast<int>(bit) < end;) {
+        const unsigned offset = bit % kWordBits;
         const int ones = std::countr_one(words[bit / kWordBits] >> offset);
-        if (ones < kWordBits - offset) {
-            const int found = bit + ones;
+        if (ones < static_cast<int>(kWordBits - offset)) {
+            const int found = static_cast<int>(bit) + ones;
             return found < end ? found : end;
         }
         bit += kWordBits - offset;
@@ -82,7 +84,7 @@ inline int next_clear_bit(const uint32_t *words, int from, int end) noexcept {
     return end;
 }
 
-// Walks members first..last, member m being bit m-1 of the map, and hands
+// Walks members first..last (1 <= first), member m being bit m-1 of the map, and hands
 // each run of members to emit(Run) in ascending order. Answers how many
 // members there are.
 template <typename Emit>
