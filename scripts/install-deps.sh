@@ -8,8 +8,11 @@ flavour="${1:-native}"
 # libbsd-dev: the host chassis' balanced tree is its <bsd/sys/tree.h>
 # (header only; libbsd itself is not linked). libsnmp-dev: net-snmp's asn1
 # codec, the peer the BER codec is checked and measured against.
+# libhwloc-dev: the peer the set text benchmark measures against. valgrind:
+# `ctest -T memcheck`.
 native_pkgs=(cmake ninja-build g++ pkg-config googletest libgtest-dev
-             libgmock-dev libbenchmark-dev libreadline-dev libbsd-dev libsnmp-dev)
+             libgmock-dev libbenchmark-dev libreadline-dev libbsd-dev libsnmp-dev
+             libhwloc-dev valgrind)
 # GCC ships libasan/libubsan with g++ itself; nothing extra is needed.
 asan_pkgs=("${native_pkgs[@]}")
 # The cross build has no readline: Debian 12 has no powerpc port of it in

@@ -4,6 +4,7 @@
 #include "gvutil/platform.h"
 #include "gvutil/settext.h"
 #include "model/model_record.h"
+#include "sys/bit_runs.h"
 #include "sys/items.h"
 #include "sys/member_text.h"
 #include "sys/runs.h"
@@ -36,13 +37,10 @@ int id_limit(int max) noexcept {
     return max < GV_ID_SET_MAX_ID ? max : GV_ID_SET_MAX_ID;
 }
 
-// Members beyond the capacity are never read, whatever max says.
-auto port_member(const portset_t *set) noexcept {
-    return [set](int pnum) noexcept { return ps_isset(set, pnum) != 0; };
-}
-
-auto id_member(const uint32_t *set) noexcept {
-    return [set](int id) noexcept { return id <= GV_ID_SET_MAX_ID && chk(set, id - 1) != 0; };
+// Members beyond the capacity are never read, whatever max says: the limits
+// above keep every walk of the bitmap within it.
+bool id_member(const uint32_t *set, int id) noexcept {
+    return chk(set, id - 1) != 0;
 }
 
 char *slot_port_text(int pnum, char *dest, int) noexcept {
@@ -56,12 +54,20 @@ char *short_port_text(int pnum, char *dest, int size) noexcept {
     return dest;
 }
 
-// The common formatter: each run written with one text per member.
-template <typename IsMember, typename MemberText>
-int format_runs(char *out, int limit, IsMember is_member, MemberText member_text) noexcept {
+// The common formatter: members 1..limit of the bitmap, each run written
+// with one text per member.
+template <typename MemberText>
+int format_runs(char *out, const uint32_t *bits, int limit, MemberText member_text) noexcept {
     RunText text(out);
-    return gv::sys::for_each_run(1, limit, is_member, gv::sys::kNoSplit,
-                                 [&](Run run) noexcept { text.write(run, member_text); });
+    return gv::sys::for_each_bit_run(bits, 1, limit,
+                                     [&](Run run) noexcept { text.write(run, member_text); });
+}
+
+// Members 1..limit of the bitmap written as plain numbers.
+int format_numbers(char *out, const uint32_t *bits, int limit) noexcept {
+    RunText text(out);
+    return gv::sys::for_each_bit_run(bits, 1, limit,
+                                     [&](Run run) noexcept { text.write_numbers(run); });
 }
 
 // Beyond the physical slot ports: the channel-group ports.
@@ -76,7 +82,7 @@ int portset2str(char *out, int max, const portset_t *set) noexcept {
     if (nothing_to_walk(out, set)) {
         return 0;
     }
-    return format_runs(out, port_limit(max), port_member(set), [](int pnum) noexcept {
+    return format_runs(out, set->bits, port_limit(max), [](int pnum) noexcept {
         return PortText(pnum, sputil_mk_string_from_int_port);
     });
 }
@@ -85,7 +91,7 @@ int portset2str2(char *out, int max, const portset_t *set) noexcept {
     if (nothing_to_walk(out, set)) {
         return 0;
     }
-    return format_runs(out, port_limit(max), port_member(set),
+    return format_runs(out, set->bits, port_limit(max),
                        [](int pnum) noexcept { return PortText(pnum, short_port_text); });
 }
 
@@ -95,19 +101,18 @@ int portset2_if_str(char *out, int max, const portset_t *set) noexcept {
     }
     RunText text(out);
     // A run starts with the interface name and ends with the bare port number.
-    return gv::sys::for_each_run(
-        1, port_limit(max), port_member(set), gv::sys::kNoSplit, [&](Run run) noexcept {
-            int slot = 0;
-            int port = 0;
-            char name[64] = {};
-            get_logical_slot_port_from_virtual_port(run.first, &slot, &port);
-            get_ifname(slot, port, name);
-            text.open(name);
-            if (!run.single()) {
-                get_logical_slot_port_from_virtual_port(run.last, &slot, &port);
-                text.close(Decimal(port));
-            }
-        });
+    return gv::sys::for_each_bit_run(set->bits, 1, port_limit(max), [&](Run run) noexcept {
+        int slot = 0;
+        int port = 0;
+        char name[64] = {};
+        get_logical_slot_port_from_virtual_port(run.first, &slot, &port);
+        get_ifname(slot, port, name);
+        text.open(name);
+        if (!run.single()) {
+            get_logical_slot_port_from_virtual_port(run.last, &slot, &port);
+            text.close(Decimal(port));
+        }
+    });
 }
 
 int portset2str_wo_iftype(char *out, int max, const portset_t *set) noexcept {
@@ -137,14 +142,12 @@ int brset2str(char *out, int max, const uint32_t *set) noexcept {
         return 0;
     }
     const int limit = id_limit(max);
-    const auto is_member = id_member(set);
-    const int found =
-        format_runs(out, limit, is_member, [](int id) noexcept { return Decimal(id); });
+    const int found = format_numbers(out, set, limit);
     // The walk is closed against the id capacity rather than max: a lone last
     // member at a max below it is written a second time ("10,10"). Callers
     // parse this text back and depend on it.
-    if (limit >= 1 && limit < GV_ID_SET_MAX_ID && is_member(limit) &&
-        (limit == 1 || !is_member(limit - 1))) {
+    if (limit >= 1 && limit < GV_ID_SET_MAX_ID && id_member(set, limit) &&
+        (limit == 1 || !id_member(set, limit - 1))) {
         char *end = out + std::strlen(out);
         std::snprintf(end, 16, ",%d", limit);
     }
@@ -155,8 +158,7 @@ int vlanset2str(char *out, int max, const uint32_t *set) noexcept {
     if (nothing_to_walk(out, set)) {
         return 0;
     }
-    return format_runs(out, id_limit(max), id_member(set),
-                       [](int id) noexcept { return Decimal(id); });
+    return format_numbers(out, set, id_limit(max));
 }
 
 int vlanset2str2(char *out, int max, const uint32_t *set) noexcept {
@@ -164,10 +166,14 @@ int vlanset2str2(char *out, int max, const uint32_t *set) noexcept {
         return 0;
     }
     // VLAN 1 is the default bridge: written by name, and never part of a run.
-    const auto after_default = [](int id) noexcept { return id == 2; };
     RunText text(out);
-    return gv::sys::for_each_run(1, id_limit(max), id_member(set), after_default,
-                                 [&](Run run) noexcept { text.write(run, bridge_name); });
+    return gv::sys::for_each_bit_run(set, 1, id_limit(max), [&](Run run) noexcept {
+        if (run.first == 1 && !run.single()) {
+            text.write(Run{1, 1}, bridge_name);
+            run.first = 2;
+        }
+        text.write(run, bridge_name);
+    });
 }
 
 int ports_array2str(const uint8_t *array, int max, char *out) noexcept {
@@ -177,8 +183,6 @@ int ports_array2str(const uint8_t *array, int max, char *out) noexcept {
     RunText text(out);
     gv::sys::for_each_run(
         1, max, [array](int index) noexcept { return array[index] != 0; }, gv::sys::kNoSplit,
-        [&](Run run) noexcept {
-            text.write(run, [](int index) noexcept { return Decimal(index); });
-        });
+        [&](Run run) noexcept { text.write_numbers(run); });
     return 0;
 }

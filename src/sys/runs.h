@@ -114,6 +114,17 @@ class RunText {
         }
     }
     void append(std::string_view text) noexcept { text_.append(text); }
+    // A run of plain numbers ("1-3", ",5"), written without a member text.
+    void write_numbers(Run run) noexcept {
+        if (runs_++ > 0) {
+            text_.append(",");
+        }
+        text_.append_decimal(run.first);
+        if (!run.single()) {
+            text_.append("-");
+            text_.append_decimal(run.last);
+        }
+    }
 
     std::size_t length() const noexcept { return text_.size(); }
     int runs() const noexcept { return runs_; }

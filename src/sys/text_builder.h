@@ -2,6 +2,7 @@
 // and interface text is made of.
 #pragma once
 
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -21,6 +22,20 @@ class TextBuilder {
     static TextBuilder after(char *buffer, std::size_t capacity) noexcept;
 
     bool append(std::string_view text) noexcept;
+    // The decimal text of a number, written in place when there is room for
+    // any int (the range-text writers put thousands of them in a row).
+    bool append_decimal(int value) noexcept {
+        constexpr std::size_t kRoom = 12; // "-2147483648" and the terminator
+        if (capacity_ - length_ >= kRoom) {
+            char *end = std::to_chars(buffer_ + length_, buffer_ + length_ + kRoom, value).ptr;
+            *end = '\0';
+            length_ = static_cast<std::size_t>(end - buffer_);
+            return true;
+        }
+        char digits[kRoom];
+        const char *end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+        return append({digits, static_cast<std::size_t>(end - digits)});
+    }
     // printf-formatted; one piece holds at most 255 characters.
     __attribute__((format(printf, 2, 3))) bool appendf(const char *format, ...) noexcept;
     // Cuts the text back to its first length characters.

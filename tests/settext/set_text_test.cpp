@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <climits>
 #include <cstring>
 #include <optional>
 #include <string>
@@ -234,6 +235,69 @@ TEST(BridgeSetParse, TextToIds) {
     root.emplace("test3");
     expect_parsed(getbrset, set.data(), set.data(), 4096, 4096, wrong,
                   {SetCase{"10", 4094, 0, {}, false}, SetCase{"1/5,2/1", 4094, 2, {5, 9}, false}});
+}
+
+// Without slots a token is read as atoi reads its first 255 characters;
+// a range is cut at its first '-'.
+TEST(BridgeSetParse, NumbersAsAtoiReadsThem) {
+    ChassisRoot root{"k3100x"};
+    const std::string whole = std::string(251, '0') + "4093"; // 255 characters
+    const std::string cut = std::string(252, '0') + "4093";   // 256: 409 is read
+    const std::string ranges = "1-" + whole + ",2-" + cut;
+    std::array<uint32_t, GV_ID_SET_WORDS> set{};
+    expect_parsed(getbrset, set.data(), set.data(), 4096, 4096, "",
+                  {SetCase{whole.c_str(), 4094, 1, {4093}, false},
+                   SetCase{cut.c_str(), 4094, 1, {409}, false},
+                   SetCase{"0007,12/5,7/1-9", 4094, 5, {7, 8, 9, 12}, false},
+                   SetCase{"3-5-9,5-3-9", 4094, 0, {3, 4, 5}, false},
+                   SetCase{"2147483647,99999999999", INT_MAX, 2, {}, false}});
+    EXPECT_EQ(getbrset(ranges.c_str(), 4094, set.data()), 4093 + 408);
+}
+
+// Ranges filled and found a word at a time read back as they were written:
+// across a word boundary, one whole word, four and five whole words between
+// the ends, up to the last id.
+TEST(IdSetText, RangesAcrossWords) {
+    ChassisRoot root{"k3100x"};
+    for (const char *text : {"32-33", "33-64", "1-192", "1-224,300", "31-4094", "4064-4094"}) {
+        std::array<uint32_t, GV_ID_SET_WORDS> set{};
+        const int members = getbrset(text, 4094, set.data());
+        char back[64];
+        EXPECT_EQ(vlanset2str(back, 4094, set.data()), members) << text;
+        EXPECT_STREQ(back, text);
+    }
+}
+
+// Without slots a token is a plain number, so one range can name every int.
+// A count beyond INT_MAX answers INT_MAX, still a success with the members
+// set; a later bad token still fails the parse (the bridge parse stops at a
+// token without a digit and keeps its count). 1,398,101 ranges of 1536
+// members are the most whose count fits.
+TEST(SetParse, CountsStopAtTheLargestInt) {
+    ChassisRoot root{"k3100x"};
+    std::string fits = "1-1536";
+    for (int i = 1; i < 1398101; ++i) {
+        fits += ",1-1536";
+    }
+    const std::string beyond = fits + ",1-1536";
+    const std::tuple<const char *, int, int, int> cases[] = {
+        {"1-2147483646", INT_MAX, INT_MAX - 1, INT_MAX - 1},
+        {"1-2147483646,1", INT_MAX, INT_MAX, INT_MAX},
+        {"1-2147483646,1,1", INT_MAX, INT_MAX, INT_MAX},
+        {"1-2147483647,1-2147483647,7", INT_MAX, INT_MAX, INT_MAX},
+        {"1-2147483647,1,9-8", INT_MAX, 0, 0},
+        {"1-2147483647,2,-3", INT_MAX, 0, INT_MAX},
+        {fits.c_str(), 1536, 2147483136, 2147483136},
+        {beyond.c_str(), 1536, INT_MAX, INT_MAX},
+    };
+    for (const auto &[text, max, ports, bridges] : cases) {
+        const std::string shown = std::string(text).substr(0, 28);
+        portset_t set;
+        std::array<uint32_t, GV_ID_SET_WORDS> ids{};
+        EXPECT_EQ(getportset(text, max, &set), ports) << shown;
+        EXPECT_EQ(getbrset(text, max, ids.data()), bridges) << shown;
+        EXPECT_TRUE(ps_isset(&set, 1536) == 1 && chk(ids.data(), 1535) != 0) << shown;
+    }
 }
 
 } // namespace
