@@ -226,7 +226,7 @@ TEST(CardNames, PrefixByCardTypeAndPort) {
     }
 }
 
-// A trailing comma goes only when the call appended something.
+// The caller's text is never cut, whatever the call appends.
 TEST(SlotPortRanges, LettersGoAndOneSlotRangesShorten) {
     const std::tuple<const char *, const char *, const char *> cases[] = {
         {"GE1/1-GE1/4,XE2/1", "", "1/1-4,2/1"},
@@ -240,6 +240,14 @@ TEST(SlotPortRanges, LettersGoAndOneSlotRangesShorten) {
         std::strcpy(out, before);
         EXPECT_EQ(convert_multi_slotport_range_from_multi_ifname(names, out), out);
         EXPECT_STREQ(out, after) << names;
+    }
+    // Nothing is written past the list's own length, even for a moment.
+    for (const char *names : {"1/1", "1/1,2/1-2/4,GE", "9/9-9/9x"}) {
+        char room[32];
+        std::memset(room, '#', sizeof room);
+        room[0] = '\0';
+        convert_multi_slotport_range_from_multi_ifname(names, room);
+        EXPECT_EQ(room[std::strlen(names) + 1], '#') << names;
     }
     char out[8] = "";
     EXPECT_EQ(convert_multi_slotport_range_from_multi_ifname(nullptr, out), nullptr);
