@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages a build flavour needs, and only those missing.
-# Usage: scripts/install-deps.sh [native|asan|ppc32|lint|all]   (default: native)
+# Usage: scripts/install-deps.sh [native|asan|ppc32|lint|fuzz|all]   (default: native)
 set -euo pipefail
 
 flavour="${1:-native}"
@@ -21,14 +21,17 @@ asan_pkgs=("${native_pkgs[@]}")
 # header is architecture-independent and staged by stage-cross-headers.sh.
 ppc32_pkgs=(cmake ninja-build g++-powerpc-linux-gnu qemu-user googletest libbsd-dev)
 lint_pkgs=(clang-format clang-tidy git)
+# The fuzz targets: clang 14 and its libFuzzer and sanitizer runtimes.
+fuzz_pkgs=(cmake ninja-build clang-14 libclang-rt-14-dev libbsd-dev)
 
 case "$flavour" in
     native) wanted=("${native_pkgs[@]}") ;;
     asan)   wanted=("${asan_pkgs[@]}") ;;
     ppc32)  wanted=("${ppc32_pkgs[@]}") ;;
     lint)   wanted=("${lint_pkgs[@]}") ;;
-    all)    wanted=("${native_pkgs[@]}" "${ppc32_pkgs[@]}" "${lint_pkgs[@]}") ;;
-    *)      echo "usage: $0 [native|asan|ppc32|lint|all]" >&2; exit 2 ;;
+    fuzz)   wanted=("${fuzz_pkgs[@]}") ;;
+    all)    wanted=("${native_pkgs[@]}" "${ppc32_pkgs[@]}" "${lint_pkgs[@]}" "${fuzz_pkgs[@]}") ;;
+    *)      echo "usage: $0 [native|asan|ppc32|lint|fuzz|all]" >&2; exit 2 ;;
 esac
 
 is_installed() {

@@ -171,8 +171,9 @@ GVUTIL_API char *convert_user_ifname_from_real_ifname(char *names, char *out) GV
 GVUTIL_API int convert_interface_name_from_cardtype_slot_port(int card_type, int slot, int port,
                                                               char *out) GVUTIL_NOEXCEPT;
 /* The list's slot/port ranges without letters b-y and B-Y, a range within
- * one slot shortened (GE1/1-GE1/4,XE2/1 gives 1/1-4,2/1), appended to out;
- * answers out, or NULL when either is NULL. */
+ * one slot shortened (GE1/1-GE1/4,XE2/1 gives 1/1-4,2/1), appended to out,
+ * which needs room for the length of names and a terminator after what it
+ * holds; answers out, or NULL when either is NULL. */
 GVUTIL_API char *convert_multi_slotport_range_from_multi_ifname(const char *names,
                                                                 char *out) GVUTIL_NOEXCEPT;
 /* 1 when a "tengigabitethernet" list names slot 3 (the switch-fabric unit by

@@ -4,6 +4,7 @@
 #include "gvutil/ifname.h"
 #include "gvutil/model.h"
 #include "gvutil/sys.h"
+#include "model/model_record.h"
 #include "sys/operator_message.h"
 #include "sys/scan.h"
 
@@ -116,7 +117,7 @@ int build_slot_port_list(const char *text, slot_port_pair *pair, cli_ctx *ctx,
         return reject(ctx, errs, "%%Invalid input parameter: %s\n", item.c_str());
     }
     if (trunk) {
-        pair->slot = static_cast<uint8_t>(get_slot_number() + 1);
+        pair->slot = static_cast<uint8_t>(gv::model::logical_slot());
         pair->port = static_cast<uint8_t>(stoi(item.c_str() + 2)); // t/2 and CG2 give 2
     }
     // A bare number names no slot: the pair keeps what the previous item of

@@ -108,7 +108,7 @@ int get_slot_token(const char *text, value_range *out, cli_ctx *ctx) noexcept {
 }
 
 int is_slot_valid(int slot, int allow_trunk) noexcept {
-    const int top = get_slot_number() + 1;
+    const int top = gv::model::logical_slot();
     if (allow_trunk != 0 ? slot > top : slot >= top) {
         return 0;
     }
@@ -124,7 +124,7 @@ int check_input_slot_number(const char *token, cli_ctx *ctx, uint32_t *errs) noe
     }
     const int slot = gv::sys::read_int(token + 1);
     // Two slots past the last line slot are accepted on purpose.
-    const int highest = get_slot_number() + 2;
+    const int highest = gv::model::wrap_add(get_slot_number(), 2);
     if (slot <= highest && slot >= get_start_slot()) {
         return 1;
     }
@@ -135,7 +135,7 @@ int check_input_slot_number(const char *token, cli_ctx *ctx, uint32_t *errs) noe
 
 int get_logical_slot_port_num(int slot) noexcept {
     const int slots = get_slot_number();
-    if (slot == slots + 1) {
+    if (slot == gv::model::logical_slot()) {
         return get_port_num(gv::model::kChannelGroups);
     }
     return slot > slots ? 0 : gv_hal_get_port_number_per_slot(slot);
@@ -143,7 +143,7 @@ int get_logical_slot_port_num(int slot) noexcept {
 
 int get_logical_slot_port_max_num(int slot) noexcept {
     const int slots = get_slot_number();
-    if (slot == slots + 1) {
+    if (slot == gv::model::logical_slot()) {
         return get_port_num(gv::model::kLogicalCapacity);
     }
     return slot > slots ? 0 : get_port_number_per_slot(slot - 1);

@@ -28,6 +28,14 @@ Ends read_ends(std::string_view item) noexcept {
     return {stoi(ItemText(halves.left).c_str()), stoi(ItemText(halves.right).c_str())};
 }
 
+// A range end lowered to a negative max has no 16-bit form: such a range
+// keeps nothing (it would otherwise wrap to 65535 and list every value).
+void add_lowered(Ends ends, RangeSink<value_range> &out) noexcept {
+    if (ends.high >= 0) {
+        out.add(make_range(ends.low, ends.high));
+    }
+}
+
 // A range item of the lenient list: reported and dropped, or kept.
 void add_range(const ItemText &item, Ends ends, RangeSink<value_range> &out, int max,
                const cli_ctx *ctx, const ValueWords &words) noexcept {
@@ -50,7 +58,7 @@ void add_range(const ItemText &item, Ends ends, RangeSink<value_range> &out, int
         say(ctx, words.invalid_range, item.c_str(), max, kNewline);
         ends.high = max;
     }
-    out.add(make_range(ends.low, ends.high));
+    add_lowered(ends, out);
 }
 
 } // namespace
@@ -115,7 +123,7 @@ int parse_values_strictly(std::string_view text, RangeSink<value_range> &out, in
             return false;
         }
         ends.high = ends.high > max ? max : ends.high; // only without a context: kept, lowered
-        out.add(make_range(ends.low, ends.high));
+        add_lowered(ends, out);
         return true;
     });
     return whole ? out.count() : 0;

@@ -5,6 +5,7 @@
 #include "sys/scan.h"
 #include "sys/text_builder.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 
@@ -47,7 +48,17 @@ bool is_dropped_letter(char c) noexcept {
     return (c >= 'b' && c <= 'y') || (c >= 'B' && c <= 'Y');
 }
 
-void append_slotport_range(std::string_view element, TextBuilder &out) {
+// One element's kept characters, a range within one slot shortened, after a
+// comma when the call has written a range before; false when nothing is kept.
+// No comma is written to be taken back, so the text never reaches past the
+// length of the list itself (the shortening rewrites what it wrote).
+bool append_slotport_range(std::string_view element, bool after_another, TextBuilder &out) {
+    if (std::all_of(element.begin(), element.end(), is_dropped_letter)) {
+        return false;
+    }
+    if (after_another) {
+        out.append(",");
+    }
     const std::size_t start = out.size();
     for (const char c : element) {
         if (!is_dropped_letter(c)) {
@@ -56,15 +67,12 @@ void append_slotport_range(std::string_view element, TextBuilder &out) {
     }
     const std::string_view numbers = out.view().substr(start);
     std::array<int, 4> v{};
-    if (numbers.empty()) {
-        return;
-    }
     if (numbers.find('-') != std::string_view::npos &&
         gv::sys::scan_ints(numbers, "%d/%d-%d/%d,", v) == 4 && v[0] == v[2]) {
         out.cut(start);
         out.appendf("%d/%d-%d", v[0], v[1], v[3]);
     }
-    out.append(",");
+    return true;
 }
 
 } // namespace
@@ -105,12 +113,10 @@ char *convert_multi_slotport_range_from_multi_ifname(const char *names, char *ou
         return nullptr;
     }
     TextBuilder appended = TextBuilder::after(out, TextBuilder::kUnbounded);
-    gv::sys::for_each_element(names, [&appended](std::string_view element) {
-        append_slotport_range(element, appended);
+    bool any = false;
+    gv::sys::for_each_element(names, [&](std::string_view element) {
+        any = append_slotport_range(element, any, appended) || any;
         return true;
     });
-    if (appended.size() > 0) {
-        appended.cut(appended.size() - 1); // the comma after the last range
-    }
     return out;
 }

@@ -5,6 +5,7 @@
 #include "model/byte_order.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace gv::model {
 
@@ -15,6 +16,16 @@ static_assert(offsetof(gv_model_info_t, dual_os) == 65);
 static_assert(offsetof(gv_model_info_t, port_count) == 136);
 static_assert(offsetof(gv_model_info_t, slot_count) == 172);
 static_assert(offsetof(gv_model_info_t, ports_per_slot) == 176);
+
+// Sums and differences of the record's counts and of pnums wrap as the
+// chassis' 32-bit arithmetic wraps them: a record the kernel really sends
+// never comes near, and any other record must not stop the caller.
+constexpr int wrap_add(int a, int b) noexcept {
+    return static_cast<int>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
+}
+constexpr int wrap_sub(int a, int b) noexcept {
+    return static_cast<int>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
+}
 
 // Port count kinds as the record numbers them.
 enum Kind : unsigned {
@@ -31,6 +42,11 @@ int port_count(unsigned kind) noexcept;
 
 inline int slot_count() noexcept {
     return load_be32(g_model.slot_count);
+}
+
+// The logical slot (channel groups and trunks) follows the last line slot.
+inline int logical_slot() noexcept {
+    return wrap_add(slot_count(), 1);
 }
 
 // Ports of slot entry index (slot - 1). Entries outside the record read as

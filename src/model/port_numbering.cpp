@@ -13,7 +13,7 @@ constexpr int kSfuUserSlot = 0;
 int ports_before_end_of(int last) noexcept {
     int sum = 0;
     for (int slot = 1; slot <= last && slot <= GV_MODEL_SLOT_ENTRIES; ++slot) {
-        sum += ports_at(slot - 1);
+        sum = wrap_add(sum, ports_at(slot - 1));
     }
     return sum;
 }
@@ -22,7 +22,7 @@ int ports_before_end_of(int last) noexcept {
 int find_slot(int pnum, int *before) noexcept {
     int sum = 0;
     for (int slot = 1; slot <= described_slots(); ++slot) {
-        const int end = sum + ports_at(slot - 1);
+        const int end = wrap_add(sum, ports_at(slot - 1));
         if (end >= pnum) {
             *before = sum;
             return slot;
@@ -35,7 +35,7 @@ int find_slot(int pnum, int *before) noexcept {
 } // namespace
 
 int get_start_port_number_from_slot(int slot) noexcept {
-    return 1 + ports_before_end_of(slot - 1);
+    return wrap_add(1, ports_before_end_of(slot - 1));
 }
 
 int get_end_port_number_from_slot(int slot) noexcept {
@@ -48,12 +48,12 @@ int get_port_number_from_slotport(int slot, int port) noexcept {
     // Slots below the given one, counted downwards; the interlink ports sit
     // between the last line slot and the logical slot.
     for (int i = slot - 1; i >= 1; --i) {
-        sum += ports_at(i - 1);
+        sum = wrap_add(sum, ports_at(i - 1));
         if (i == slots) {
-            sum += port_count(kInterlinkPorts);
+            sum = wrap_add(sum, port_count(kInterlinkPorts));
         }
     }
-    return sum + port;
+    return wrap_add(sum, port);
 }
 
 int get_port_number_from_real_slotport(int slot, int port) noexcept {
@@ -68,7 +68,7 @@ int get_slot_number_from_pnum(int pnum) noexcept {
 
 int get_slotport_number_from_pnum(int pnum) noexcept {
     int before = 0;
-    return find_slot(pnum, &before) > 0 ? pnum - before : -1;
+    return find_slot(pnum, &before) > 0 ? wrap_sub(pnum, before) : -1;
 }
 
 int check_slot_port(int slot, int port) noexcept {
@@ -93,7 +93,7 @@ int get_user_slot_by_real_slot(int real_slot) noexcept {
 
 int is_interlink_port(int pnum) noexcept {
     const int base = port_count(kInterlinkBase);
-    return (pnum > base && pnum <= base + port_count(kInterlinkPorts)) ? 1 : 0;
+    return (pnum > base && pnum <= wrap_add(base, port_count(kInterlinkPorts))) ? 1 : 0;
 }
 
 int get_slot_index_by_pnum(int /*pnum*/) noexcept {

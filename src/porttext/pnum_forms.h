@@ -22,7 +22,9 @@ struct PnumCounts {
     bool is_physical(int pnum) const noexcept { return pnum <= physical; }
     bool is_beyond(int pnum) const noexcept { return pnum > total; }
     // The port within the logical slot of a pnum past the physical ones.
-    int logical_number(int pnum) const noexcept { return pnum - physical - interlink; }
+    int logical_number(int pnum) const noexcept {
+        return gv::model::wrap_sub(gv::model::wrap_sub(pnum, physical), interlink);
+    }
 };
 
 // The real slot and port behind a type-B trunk pnum: the platform names the

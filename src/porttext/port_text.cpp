@@ -61,7 +61,7 @@ void convert_p_format_to_s_format(int pnum, char *dest) noexcept {
         put_channel_group(dest, n);
         return;
     }
-    if (n - counts.groups < 1) {
+    if (gv::model::wrap_sub(n, counts.groups) < 1) {
         return; // interlink and channel-group pnums name nothing here
     }
     int slot = 0;
@@ -89,7 +89,7 @@ char *convert_p_format_to_s_legacy_format(int pnum, char *dest) noexcept {
         put_channel_group(dest, n);
         return dest;
     }
-    if (n - counts.groups < 1) {
+    if (gv::model::wrap_sub(n, counts.groups) < 1) {
         return dest;
     }
     int slot = 0;
@@ -106,7 +106,9 @@ int convert_s_format_to_p_format(int slot, int port) noexcept {
     }
     const int slots = get_slot_number();
     if (slot > slots) {
-        return slot == slots + 1 ? port + PnumCounts::load().physical : 0;
+        return slot == gv::model::logical_slot()
+                   ? gv::model::wrap_add(port, PnumCounts::load().physical)
+                   : 0;
     }
     return get_port_number_from_slotport(slot, port);
 }
@@ -157,7 +159,7 @@ int gv_get_slot_number_from_log_pnum(int pnum) noexcept {
     if (counts.is_physical(pnum)) {
         return get_slot_number_from_pnum(pnum);
     }
-    return counts.is_beyond(pnum) ? 0 : get_slot_number() + 1;
+    return counts.is_beyond(pnum) ? 0 : gv::model::logical_slot();
 }
 
 int gv_get_slotport_number_from_log_pnum(int pnum) noexcept {

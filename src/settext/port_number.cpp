@@ -28,7 +28,7 @@ int make_port_number(const char *token) noexcept {
     int slot = 0;
     int bound = 0;
     if (!parts.left.empty() && parts.left.front() == 't') {
-        slot = slots + 1;
+        slot = gv::model::logical_slot();
         bound = get_port_num(gv::model::kLogicalCapacity);
     } else {
         if (!gv::sys::all_digits(parts.left)) {

@@ -9,6 +9,7 @@
 #include "sys/member_text.h"
 #include "sys/runs.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <string_view>
@@ -120,12 +121,17 @@ int portset2str_wo_iftype(char *out, int max, const portset_t *set) noexcept {
         return 0;
     }
     using namespace gv::model;
-    // Only the slot ports and as many more as there are channel groups.
-    const int walked = port_count(kPhysicalPorts) + port_count(kChannelGroups);
-    const int limit = walked < max ? walked : max;
+    // Only the slot ports and as many more as there are channel groups, and
+    // never past the bitmap, whatever counts the model record holds.
+    const long long walked =
+        static_cast<long long>(port_count(kPhysicalPorts)) + port_count(kChannelGroups);
+    const int limit = static_cast<int>(std::max(0LL, std::min<long long>(walked, port_limit(max))));
     // A port also counts when the bit `walked` places above its own is set.
     const auto is_member = [set, walked](int pnum) noexcept {
-        return ps_isset(set, pnum) != 0 || ps_isset(set, pnum + walked) != 0;
+        const long long above = pnum + walked;
+        return ps_isset(set, pnum) != 0 ||
+               (above >= 1 && above <= GV_PORTSET_MAX_PORT &&
+                ps_isset(set, static_cast<int>(above)) != 0);
     };
     // A run never spans the slot ports and the ports beyond them.
     const auto splits_before = [](int pnum) noexcept {

@@ -33,6 +33,7 @@ TEST_F(OnuToken, BadItemsAreSkippedButALeadingMinusEndsTheList) {
                  {"0-3,2", "2-2", "%Invalid range: 0-3 [1-8]\n"},
                  {"3-x", "", "%Invalid range: 3-x [1-8]\n"},
                  {"4-4", "", "%Invalid sequence order: 4-4\n"},
+                 {"8-9", "8-8", "%Invalid range: 8-9 [1-8]\n"}, // the last start kept
                  {"9-12", "", "%Invalid range: 9-12 [1-8]\n"},
                  {"1,-3,2", "", "%Invalid onu token: -3\n"}},
                 Context::kBoth);

@@ -32,6 +32,9 @@ TEST(PortToken, BadItemsAreDroppedOthersKept) {
     expect_rows(value_token(get_port_token, 48),
                 {{"99,0", "99-99 0-0"}, {"5-3,60-99", "5-3 60-48"}, {"1,-5,0-3,2", "1-1 2-2"}},
                 Context::kNone);
+    // A range lowered to a negative max keeps nothing; to 0 it runs backwards.
+    expect_rows(value_token(get_port_token, -1), {{"1-2,5", "5-5"}}, Context::kNone);
+    expect_rows(value_token(get_port_token, 0), {{"1-2,5", "1-0 5-5"}}, Context::kNone);
 }
 
 // Strict: the first bad item ends the call with 0.
@@ -45,6 +48,8 @@ TEST(PonPortToken, FirstErrorEndsTheCall) {
                                                       {"0-3", "", "%Invalid range: 0-3 [1-16]\n"}});
     expect_rows(value_token(get_pon_port_token, 16),
                 {{"99,5-3", "99-99 5-3"}, {"2-99", "2-16"}, {"1,0-3"}, {"1,-2"}}, Context::kNone);
+    expect_rows(value_token(get_pon_port_token, -1), {{"2-9,4", "4-4"}}, Context::kNone);
+    expect_rows(value_list(get_pon_port_list_not_cli_input, 0), {{"2-9,4", "4"}}, Context::kNone);
 }
 
 // The other value lists read as the port lists do, in their own words.

@@ -226,7 +226,7 @@ TEST(CardNames, PrefixByCardTypeAndPort) {
     }
 }
 
-// A trailing comma goes only when the call appended something.
+// The caller's text is never cut, whatever the call appends.
 TEST(SlotPortRanges, LettersGoAndOneSlotRangesShorten) {
     const std::tuple<const char *, const char *, const char *> cases[] = {
         {"GE1/1-GE1/4,XE2/1", "", "1/1-4,2/1"},
@@ -240,6 +240,14 @@ TEST(SlotPortRanges, LettersGoAndOneSlotRangesShorten) {
         std::strcpy(out, before);
         EXPECT_EQ(convert_multi_slotport_range_from_multi_ifname(names, out), out);
         EXPECT_STREQ(out, after) << names;
+    }
+    // Nothing is written past the list's own length, even for a moment.
+    for (const char *names : {"1/1", "1/1,2/1-2/4,GE", "9/9-9/9x"}) {
+        char room[32];
+        std::memset(room, '#', sizeof room);
+        room[0] = '\0';
+        convert_multi_slotport_range_from_multi_ifname(names, room);
+        EXPECT_EQ(room[std::strlen(names) + 1], '#') << names;
     }
     char out[8] = "";
     EXPECT_EQ(convert_multi_slotport_range_from_multi_ifname(nullptr, out), nullptr);
@@ -277,10 +285,11 @@ TEST_F(Names, PortListsAreCheckedAgainstTheChassis) {
 }
 
 TEST_F(Names, ListCheckCodes) {
-    std::string many = "GPON1/1";
-    for (int i = 0; i < 1000; ++i) {
-        many += ",GPON1/1";
+    std::string most = "GPON1/1"; // 1,000 elements, the most a list may hold
+    for (int i = 1; i < 1000; ++i) {
+        most += ",GPON1/1";
     }
+    const std::string many = most + ",GPON1/1";
     const std::string huge = "GPON1/1-" + std::string(300, '1');
     const std::tuple<const char *, int, int> cases[] = {{"GPON1/1-8,EPON2/1", 1, 0},
                                                         {nullptr, 0, -1},
@@ -290,6 +299,7 @@ TEST_F(Names, ListCheckCodes) {
                                                         {"GPON1/5-2", 0, -5},
                                                         {"GPON1/1,GPON4/1", 0, -3},
                                                         {"GPON123/4567", 0, -3},
+                                                        {most.c_str(), 1, 0},
                                                         {many.c_str(), 0, -4},
                                                         {huge.c_str(), 0, -2}};
     for (const auto &[list, result, code] : cases) {

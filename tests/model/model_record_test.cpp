@@ -1,12 +1,14 @@
 // The model record: byte order and field offsets of the kernel's reply, the
 // load's failure paths, and slot/port arithmetic on every shipped chassis.
 #include "gvutil/model.h"
+#include "gvutil/settext.h"
 #include "support/chassis_root.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -76,6 +78,34 @@ TEST(ModelRecord, MissingFileKeepsTheRecordAndShortReplyReadsAsZero) {
     EXPECT_STREQ(get_model_name(), "SHORT");
     EXPECT_EQ(get_slot_number(), 0);
     EXPECT_EQ(get_port_num(0), 0);
+}
+
+// A record no kernel sends: counts at the top of the int range. The numbering
+// wraps as the chassis' 32-bit arithmetic does, and nothing walks for ever.
+TEST(ModelRecord, CountsBeyondTheIntRangeWrap) {
+    ChassisRoot root{"test3"};
+    constexpr std::uint32_t kTop = 0x7FFFFFFF;
+    constexpr int kBottom = INT32_MIN;
+    std::string record(136, '\0');
+    for (std::uint32_t count : {kTop, kTop, kTop, 0u, kTop, 2u, 0u, 0u, kTop}) {
+        record += be32(count); // kinds 0, 1, 2, 4, 5, 7, 6, 8, 9
+    }
+    record += be32(kTop) + be32(kTop) + be32(1) + be32(kTop); // slot count, slots 1..3
+    root.write_file("proc/shape/ioctrl", record);
+    ASSERT_EQ(init_switch_model_info(), 1);
+    EXPECT_EQ(get_start_port_number_from_slot(2), kBottom);
+    EXPECT_EQ(get_end_port_number_from_slot(2), kBottom);
+    EXPECT_EQ(get_end_port_number_from_slot(3), -1);
+    EXPECT_EQ(get_port_number_from_slotport(3, 1), kBottom + 1);
+    EXPECT_EQ(get_slot_number_from_pnum(kTop), 1);
+    EXPECT_EQ(get_slotport_number_from_pnum(kTop), static_cast<int>(kTop));
+    EXPECT_EQ(is_interlink_port(kBottom), 0); // base + count wraps below the base
+    // The port set text walks the bitmap, not the 4 billion ports claimed.
+    portset_t set;
+    ps_set(ps_zero(&set), 2);
+    char text[64] = {};
+    EXPECT_EQ(portset2str_wo_iftype(text, get_port_num(0), &set), 1);
+    EXPECT_STREQ(text, "1/2");
 }
 
 class EveryChassis : public ::testing::TestWithParam<std::string> {

@@ -40,6 +40,7 @@ TEST_F(Store, SettersWriteExactlyTheirField) {
     const char ab_nul_cd[] = "ab\0cd";
     const uint8_t mac[6] = {0x00, 0x1b, 0x2c, 0x3d, 0x4e, 0x5f};
     const int32_t minus3 = -3;
+    const int32_t all_unis = GV_OPT_FORMAT_UNIS;
     const uint32_t red[5] = {1, 0xdead, 5, 6, 0xbeef}, mode = 0x1ff;
     opt_format_onu_t deleted; // the junk record, its texts cleared
     std::memset(&deleted, 0x5a, sizeof deleted);
@@ -73,6 +74,8 @@ TEST_F(Store, SettersWriteExactlyTheirField) {
         {[] { return gv_opt_format_set_onu_mac_address(3, 5, nullptr); }, onu.mac, padded("", 6)},
         {[] { return gv_opt_format_set_onu_num_of_uni(3, 5, -3); }, &onu.num_of_uni,
          bytes(&minus3, 4)},
+        {[] { return gv_opt_format_set_onu_num_of_uni(3, 5, 24); }, &onu.num_of_uni,
+         bytes(&all_unis, 4)}, // the most; 25 is refused
         {[&] { return gv_opt_format_set_onu_uni_description(3, 5, 0, 23, uni.c_str()); },
          onu.uni_description[23], uni},
         {[] { return gv_opt_format_set_onu_uni_description(3, 5, 0, 23, nullptr); },
