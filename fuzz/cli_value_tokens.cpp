@@ -53,8 +53,8 @@ void onus(gvfuzz::Text &text, int max, cli_ctx *ctx, bool expanded) {
     (void)get_onu_list(text.c_str(), out.data(), max, ctx);
 }
 
-void values(int (*parser)(const char *, value_range *, int, cli_ctx *), gvfuzz::Text &text,
-            int max, cli_ctx *ctx) {
+void values(int (*parser)(const char *, value_range *, int, cli_ctx *), gvfuzz::Text &text, int max,
+            cli_ctx *ctx) {
     Exact<value_range> out(gvfuzz::count_items(text.view()));
     (void)parser(text.c_str(), out.data(), max, ctx);
 }

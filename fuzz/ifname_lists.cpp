@@ -23,8 +23,7 @@ void convert(Text &word, Text *list, bool user) {
     Exact<char> out(kConvertedSize);
     (void)(user ? convert_user_interface_name(word.c_str(), list ? list->c_str() : nullptr,
                                               out.data())
-                : convert_interface_name(word.c_str(), list ? list->c_str() : nullptr,
-                                         out.data()));
+                : convert_interface_name(word.c_str(), list ? list->c_str() : nullptr, out.data()));
 }
 
 // The sorted list holds normalised names (at most 66 characters each) and a

@@ -15,13 +15,24 @@ using gvfuzz::Exact;
 constexpr std::size_t kNormalisedSize = 67;
 
 constexpr std::array<int (*)(const char *), 18> kPredicates = {
-    is_fast_ethernet_interface,   is_gigabit_ethernet_interface, is_ten_gigabit_ethernet_interface,
+    is_fast_ethernet_interface,
+    is_gigabit_ethernet_interface,
+    is_ten_gigabit_ethernet_interface,
     is_hundred_gigabit_ethernet_interface,
-    is_epon_interface,            is_xepon_interface,            is_gpon_interface,
-    is_xgpon_interface,           is_xgspon_interface,           is_ngpon_interface,
-    is_pon_interface,             is_ethernet_interface,         is_vlan_interface,
-    is_aggregator_interface,      is_cg_interface,               is_ethXX_interface,
-    is_port_interface,            is_port_n_vlan_interface};
+    is_epon_interface,
+    is_xepon_interface,
+    is_gpon_interface,
+    is_xgpon_interface,
+    is_xgspon_interface,
+    is_ngpon_interface,
+    is_pon_interface,
+    is_ethernet_interface,
+    is_vlan_interface,
+    is_aggregator_interface,
+    is_cg_interface,
+    is_ethXX_interface,
+    is_port_interface,
+    is_port_n_vlan_interface};
 
 void separation(gvfuzz::Text &name, bool user) {
     int slot = -7;
@@ -30,8 +41,8 @@ void separation(gvfuzz::Text &name, bool user) {
     Exact<char> normalised(kNormalisedSize);
     const int result = user ? get_user_interface_name_separation_from_ifname(
                                   name.c_str(), &slot, &first, &last, normalised.data())
-                            : get_interface_name_separation_from_ifname(
-                                  name.c_str(), &slot, &first, &last, normalised.data());
+                            : get_interface_name_separation_from_ifname(name.c_str(), &slot, &first,
+                                                                        &last, normalised.data());
     if (result == 0) {
         gvfuzz::check(first <= last, "separated ports run backwards", name.view());
     } else {
@@ -71,8 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
         Exact<char> prefix(GV_IF_PREFIX_SIZE);
         (void)get_slot_port_no_from_ifstr(name.c_str(), &slot, &port);
         (void)get_type_slot_port_no_from_ifstr(name.c_str(), prefix.data(), &slot, &port);
-        (void)get_slot_and_port_range_from_ifstr(name.c_str(), prefix.data(), &slot, &port,
-                                                 &last);
+        (void)get_slot_and_port_range_from_ifstr(name.c_str(), prefix.data(), &slot, &port, &last);
         break;
     }
     case 3:

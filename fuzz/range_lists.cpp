@@ -32,8 +32,7 @@ void parsed_list(gvfuzz::Text &text, int which, int size, int capacity) {
     (void)check_vlans(gvfuzz::shell(), list);
     (void)out_range(gvfuzz::shell(), list, "ids");
     free_id_range(list);
-    gvfuzz::check(gvsim_heap_live_blocks() == live, "a range node was not given back",
-                  text.view());
+    gvfuzz::check(gvsim_heap_live_blocks() == live, "a range node was not given back", text.view());
 }
 
 // Element by element, each into the shell's 16-byte buffers.

@@ -33,9 +33,12 @@ struct Call {
 };
 
 Call take_call(FuzzedDataProvider &in) {
-    return {in.ConsumeIntegralInRange(-1, 5), in.ConsumeIntegral<uint32_t>(),
-            in.ConsumeIntegral<uint32_t>(),   in.ConsumeBool(),
-            in.ConsumeBool(),                 in.ConsumeBool()};
+    return {in.ConsumeIntegralInRange(-1, 5),
+            in.ConsumeIntegral<uint32_t>(),
+            in.ConsumeIntegral<uint32_t>(),
+            in.ConsumeBool(),
+            in.ConsumeBool(),
+            in.ConsumeBool()};
 }
 
 void check_argument(const Call &call, gvfuzz::Text &text) {

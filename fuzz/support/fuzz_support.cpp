@@ -15,8 +15,8 @@ namespace gvfuzz {
 
 namespace {
 
-constexpr std::array<const char *, kChassisCount> kShipped = {"k7400", "test3", "k3100x",
-                                                              "k7400a", "k7100"};
+constexpr std::array<const char *, kChassisCount> kShipped = {"k7400", "test3", "k3100x", "k7400a",
+                                                              "k7100"};
 
 struct Roots {
     std::string base;
@@ -33,7 +33,8 @@ struct Roots {
         for (std::size_t i = 0; i < kShipped.size(); ++i) {
             gvsim::ChassisDesc desc;
             std::string error;
-            const std::string file = std::string(GVSIM_CHASSIS_DIR) + "/" + kShipped[i] + ".chassis";
+            const std::string file =
+                std::string(GVSIM_CHASSIS_DIR) + "/" + kShipped[i] + ".chassis";
             dirs[i] = base + "/" + kShipped[i];
             if (!gvsim::load_chassis_file(file, desc, error) ||
                 !gvsim::write_root(desc, dirs[i], error)) {

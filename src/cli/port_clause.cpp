@@ -1,9 +1,9 @@
 // The interface type of a port and the interface clause of a command
 // (" gigabitethernet 1/1-4,2/3") built from a list of pnums.
-#include "porttext/pnum_forms.h"
 #include "gvutil/cli.h"
 #include "gvutil/ifname.h"
 #include "gvutil/platform.h"
+#include "porttext/pnum_forms.h"
 #include "sys/runs.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 // Text forms of a port number: interface names, slot/port text, GEM indexes.
-#include "porttext/pnum_forms.h"
-#include "gvutil/porttext.h"
 #include "gvutil/platform.h"
+#include "gvutil/porttext.h"
+#include "porttext/pnum_forms.h"
 #include "sys/scan.h"
 
 #include <cstdio>

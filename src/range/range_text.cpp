@@ -1,6 +1,6 @@
 // Range lists printed back as list text: ids ("1-5,8") or port texts.
-#include "gvutil/porttext.h"
 #include "gvutil/platform.h"
+#include "gvutil/porttext.h"
 #include "gvutil/range.h"
 #include "sys/member_text.h"
 #include "sys/runs.h"

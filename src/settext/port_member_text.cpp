@@ -1,7 +1,7 @@
 // One port's text for the set formatters and the shell's older callers.
-#include "gvutil/porttext.h"
 #include "gvutil/model.h"
 #include "gvutil/platform.h"
+#include "gvutil/porttext.h"
 #include "gvutil/settext.h"
 
 #include <cstdio>

@@ -1,7 +1,7 @@
 // Port, bridge and VLAN sets printed as range text ("1/1-4,2/3", "1-3,10").
-#include "gvutil/porttext.h"
 #include "gvutil/model.h"
 #include "gvutil/platform.h"
+#include "gvutil/porttext.h"
 #include "gvutil/settext.h"
 #include "model/model_record.h"
 #include "sys/bit_runs.h"
@@ -129,9 +129,8 @@ int portset2str_wo_iftype(char *out, int max, const portset_t *set) noexcept {
     // A port also counts when the bit `walked` places above its own is set.
     const auto is_member = [set, walked](int pnum) noexcept {
         const long long above = pnum + walked;
-        return ps_isset(set, pnum) != 0 ||
-               (above >= 1 && above <= GV_PORTSET_MAX_PORT &&
-                ps_isset(set, static_cast<int>(above)) != 0);
+        return ps_isset(set, pnum) != 0 || (above >= 1 && above <= GV_PORTSET_MAX_PORT &&
+                                            ps_isset(set, static_cast<int>(above)) != 0);
     };
     // A run never spans the slot ports and the ports beyond them.
     const auto splits_before = [](int pnum) noexcept {
