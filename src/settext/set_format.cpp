@@ -127,10 +127,11 @@ int portset2str_wo_iftype(char *out, int max, const portset_t *set) noexcept {
         static_cast<long long>(port_count(kPhysicalPorts)) + port_count(kChannelGroups);
     const int limit = static_cast<int>(std::max(0LL, std::min<long long>(walked, port_limit(max))));
     // A port also counts when the bit `walked` places above its own is set.
+    constexpr long long kMaxPort = static_cast<long long>(GV_PORTSET_WORDS) * 32;
     const auto is_member = [set, walked](int pnum) noexcept {
         const long long above = pnum + walked;
-        return ps_isset(set, pnum) != 0 || (above >= 1 && above <= GV_PORTSET_MAX_PORT &&
-                                            ps_isset(set, static_cast<int>(above)) != 0);
+        return ps_isset(set, pnum) != 0 ||
+               (above >= 1 && above <= kMaxPort && ps_isset(set, static_cast<int>(above)) != 0);
     };
     // A run never spans the slot ports and the ports beyond them.
     const auto splits_before = [](int pnum) noexcept {
