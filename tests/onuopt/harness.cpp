@@ -98,6 +98,13 @@ int sem_value() {
     return semctl(semget(GV_OPT_FORMAT_KEY, 1, 0), 0, GETVAL);
 }
 
+long long sem_otime() {
+    semid_ds status{};
+    semun arg{};
+    arg.buf = &status;
+    return semctl(semget(GV_OPT_FORMAT_KEY, 1, 0), 0, IPC_STAT, arg) == 0 ? status.sem_otime : -1;
+}
+
 void attach_store() {
     gv_opt_format_attach_shm(gv_opt_format_create_shm());
     gv_opt_format_create_sem();

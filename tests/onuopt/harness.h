@@ -50,6 +50,8 @@ namespace onutest {
 inline constexpr int kFirstTrunk = 43;
 
 int sem_value();
+// IPC_STAT's sem_otime of the store's set.
+long long sem_otime();
 // What a process that is not the creator runs at start-up.
 void attach_store();
 

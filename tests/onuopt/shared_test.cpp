@@ -48,6 +48,10 @@ TEST_F(Store, LaterCreatorLeavesTheSemaphoreAlone) {
     const int sem = semget(GV_OPT_FORMAT_KEY, 1, 0);
     for (const bool hide_last_pid : {false, true}) {
         SCOPED_TRACE(hide_last_pid ? "no last operator" : "no last operation time");
+        if (hide_last_pid && sem_otime() == 0) { // though the set-up took the lock
+            GTEST_SKIP() << "this system reports no sem_otime (qemu-ppc): the last operator is the "
+                            "only mark of use here";
+        }
         sembuf take{0, -1, SEM_UNDO}, give{0, +1, SEM_UNDO};
         ASSERT_EQ(semop(sem, &take, 1), 0);
         const ChildResult child = in_child([hide_last_pid] {
