@@ -30,11 +30,18 @@ enum class Wait { valued, removed, abandoned, failed };
 
 // A set has its value once it is not 0, or once any process has operated on
 // it (a holder keeps it at 0). The value is read first: a set that read 0 and
-// then had never been operated on had no value at that first read.
+// then had never been operated on had no value at that first read. Two marks
+// of an operation, as either can be missing: the last operator's pid is 0
+// where its process is not visible (another pid namespace), and some
+// emulators report sem_otime as 0.
 int has_value(int sem_id) noexcept {
     const int value = os::sem_value(sem_id, 0);
     if (value != 0) {
         return value > 0 ? 1 : -1;
+    }
+    const int last_pid = os::sem_last_pid(sem_id, 0);
+    if (last_pid != 0) {
+        return last_pid > 0 ? 1 : -1;
     }
     return os::sem_ever_operated(sem_id);
 }

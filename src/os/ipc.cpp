@@ -52,6 +52,10 @@ int sem_value(int sem_id, int index) noexcept {
     return ::semctl(sem_id, index, GETVAL);
 }
 
+int sem_last_pid(int sem_id, int index) noexcept {
+    return ::semctl(sem_id, index, GETPID);
+}
+
 int sem_ever_operated(int sem_id) noexcept {
     semid_ds status{};
     semun arg{};

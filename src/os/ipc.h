@@ -27,6 +27,10 @@ int sem_change(int sem_id, unsigned short index, short delta, short flags) noexc
 // semctl(2) GETVAL: the value, or -1.
 int sem_value(int sem_id, int index) noexcept;
 
+// semctl(2) GETPID: the process that last operated on the semaphore (or set
+// its value), 0 when none has or it is not visible from here, or -1.
+int sem_last_pid(int sem_id, int index) noexcept;
+
 // semctl(2) IPC_STAT: 1 when any semop has ever succeeded on the set (its
 // sem_otime is set), 0 when none has, -1 on failure.
 int sem_ever_operated(int sem_id) noexcept;

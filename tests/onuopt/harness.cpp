@@ -82,13 +82,27 @@ extern "C" int semctl(int sem_id, int index, int cmd, ...) noexcept {
         const char seen = 'v';
         (void)!write(std::exchange(spy::first_getval_fd, -1), &seen, 1);
     }
-    return real_semctl(sem_id, index, cmd, arg);
+    if (cmd == GETPID && spy::hide_last_pid) {
+        return 0;
+    }
+    const int result = real_semctl(sem_id, index, cmd, arg);
+    if (cmd == IPC_STAT && spy::hide_otime && result == 0) {
+        arg.buf->sem_otime = 0;
+    }
+    return result;
 }
 
 namespace onutest {
 
 int sem_value() {
     return semctl(semget(GV_OPT_FORMAT_KEY, 1, 0), 0, GETVAL);
+}
+
+long long sem_otime() {
+    semid_ds status{};
+    semun arg{};
+    arg.buf = &status;
+    return semctl(semget(GV_OPT_FORMAT_KEY, 1, 0), 0, IPC_STAT, arg) == 0 ? status.sem_otime : -1;
 }
 
 void attach_store() {

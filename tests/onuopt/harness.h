@@ -36,6 +36,8 @@ inline std::function<void(int)> before_setval;
 // When not -1, the first GETVAL writes a byte here (and the descriptor is
 // forgotten): the process has started looking at a set.
 inline int first_getval_fd = -1;
+// When set, GETPID answers 0 and IPC_STAT a sem_otime of 0.
+inline bool hide_last_pid = false, hide_otime = false;
 // When set, the process sends itself SIGKILL at its next successful take.
 inline bool kill_at_take = false;
 
@@ -48,6 +50,8 @@ namespace onutest {
 inline constexpr int kFirstTrunk = 43;
 
 int sem_value();
+// IPC_STAT's sem_otime of the store's set.
+long long sem_otime();
 // What a process that is not the creator runs at start-up.
 void attach_store();
 
